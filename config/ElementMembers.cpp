@@ -1,0 +1,46 @@
+#include "config/ElementMembers.h"
+
+namespace VextorJSConfig {
+
+int SetRequiredDWORD(DWORD& member, const DWORD* value, const wchar_t* element,
+                     const wchar_t* key) {
+    if (value == nullptr) return ReportFailure(Message::SetAttributeNull(element, key));
+    member = *value;
+    return ZELT_SUCCESS;
+}
+
+void SetOptionalDWORD(OptionalDWORD& member, const DWORD* value) {
+    member.Clear();
+    if (value == nullptr) return;
+    member.value = *value;
+    member.present = 1;
+}
+
+int GetOptionalDWORD(const OptionalDWORD& member, DWORD* out) {
+    if (member.present == 0) return ZELT_NOT_PRESENT;
+    *out = member.value;
+    return ZELT_SUCCESS;
+}
+
+int SetRequiredString(std::wstring& member, const std::wstring* value, const wchar_t* element,
+                      const wchar_t* key) {
+    if (value == nullptr) return ReportFailure(Message::SetAttributeNull(element, key));
+    member.clear();
+    if (value != &member) member = *value;
+    return ZELT_SUCCESS;
+}
+
+void SetOptionalString(OptionalString& member, const std::wstring* value) {
+    member.Clear();
+    if (value == nullptr) return;
+    member.present = 1;
+    if (value != &member.value) member.value = *value;
+}
+
+int GetOptionalString(const OptionalString& member, std::wstring* out) {
+    if (member.present == 0) return ZELT_NOT_PRESENT;
+    if (out != &member.value) *out = member.value;
+    return ZELT_SUCCESS;
+}
+
+}  // namespace VextorJSConfig

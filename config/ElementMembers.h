@@ -1,0 +1,74 @@
+// ElementMembers.h: how elements hold their members and the accessors that
+// every element shares (required and optional DWORDs, strings and children).
+#ifndef ZELT_CONFIG_ELEMENTMEMBERS_H
+#define ZELT_CONFIG_ELEMENTMEMBERS_H
+
+#include "config/ElementMessages.h"
+
+#include <zelt/Types.h>
+
+#include <string>
+
+namespace VextorJSConfig {
+
+// An optional DWORD attribute: the value followed by its presence flag.
+struct OptionalDWORD {
+    DWORD value = 0;
+    DWORD present = 0;
+    void Clear() { value = 0; present = 0; }
+};
+
+// An optional string attribute: the text and its presence flag. A text whose
+// flag is 0 is empty.
+struct OptionalString {
+    std::wstring value;
+    DWORD present = 0;
+    void Clear() { value.clear(); present = 0; }
+};
+
+// Required DWORD setter: null is refused with the set-Attribute message.
+int SetRequiredDWORD(DWORD& member, const DWORD* value, const wchar_t* element,
+                     const wchar_t* key);
+// Optional DWORD: null makes it absent (value 0).
+void SetOptionalDWORD(OptionalDWORD& member, const DWORD* value);
+int GetOptionalDWORD(const OptionalDWORD& member, DWORD* out);
+
+// Required string setter: null is refused with the set-Attribute message. The
+// member is emptied before the self-check, so passing the member itself
+// leaves it empty; callers rely on exactly this.
+int SetRequiredString(std::wstring& member, const std::wstring* value, const wchar_t* element,
+                      const wchar_t* key);
+// Optional string: emptied and absent first; null stops there.
+void SetOptionalString(OptionalString& member, const std::wstring* value);
+int GetOptionalString(const OptionalString& member, std::wstring* out);
+
+// Required child setter: the embedded child copies *value.
+template <class Child, class Interface>
+int SetRequiredChild(Child& child, const Interface* value, const wchar_t* childName) {
+    if (value == nullptr) return ReportFailure(Message::SetChildNull(childName));
+    child.CopyFrom(*value);
+    return ZELT_SUCCESS;
+}
+
+// Optional child setter: null only clears the flag and keeps the content.
+template <class Child, class Interface>
+void SetOptionalChild(Child& child, DWORD& present, const Interface* value) {
+    if (value == nullptr) {
+        present = 0;
+        return;
+    }
+    child.CopyFrom(*value);
+    present = 1;
+}
+
+// Optional child getter: hands out the embedded child itself.
+template <class Child, class Interface>
+int GetOptionalChild(Child& child, DWORD present, Interface** out) {
+    if (present == 0) return ZELT_NOT_PRESENT;
+    *out = &child;
+    return ZELT_SUCCESS;
+}
+
+}  // namespace VextorJSConfig
+
+#endif  // ZELT_CONFIG_ELEMENTMEMBERS_H

@@ -1,0 +1,122 @@
+#include "config/MemberIO.h"
+
+#include <algorithm>
+#include <memory>
+#include <new>
+
+namespace VextorJSConfig {
+
+namespace {
+// Type codes of AddElement that give back the parent itself for an attribute.
+constexpr int kStringAttributeCode = 3;
+constexpr int kDWORDAttributeCode = 4;
+constexpr int kObjectCode = 0;
+constexpr int kFirstBufferLength = 1024;
+
+// The text up to its terminator, never past the buffer's end.
+std::wstring TextUpToTerminator(const wchar_t* buffer, int capacity) {
+    return std::wstring(buffer, std::find(buffer, buffer + capacity, L'\0'));
+}
+}  // namespace
+
+StringRead ReadStringInTwoSteps(IJSONManager* mgr, JSONNode* node, const wchar_t* key,
+                                std::wstring& out) {
+    wchar_t buffer[kFirstBufferLength];
+    buffer[0] = L'\0';
+    int length = kFirstBufferLength;
+    const int first = mgr->GetStringAttribute(node, key, buffer, &length);
+    if (first == ZELT_SUCCESS) {
+        out = TextUpToTerminator(buffer, kFirstBufferLength);
+        return StringRead::Read;
+    }
+    if (first != ZELT_BUFFER_TOO_SMALL || length <= kFirstBufferLength) return StringRead::Missing;
+
+    // The second read uses a buffer of the reported length; if it cannot be
+    // had, the member stays empty as for any failing second step.
+    const int capacity = length;
+    std::unique_ptr<wchar_t[]> larger(new (std::nothrow) wchar_t[static_cast<std::size_t>(capacity)]);
+    if (!larger) return StringRead::SecondStepFailed;
+    larger[0] = L'\0';
+    if (mgr->GetStringAttribute(node, key, larger.get(), &length) != ZELT_SUCCESS)
+        return StringRead::SecondStepFailed;
+    out = TextUpToTerminator(larger.get(), capacity);
+    return StringRead::Read;
+}
+
+JSONNode* CreateElementNode(IJSONManager* mgr, JSONNode* parent, const wchar_t* element) {
+    if (mgr == nullptr) {
+        DeliverMessage(Message::WriteNoManager());
+        return nullptr;
+    }
+    JSONNode* node = mgr->AddElement(parent, element, kObjectCode);
+    if (node == nullptr) DeliverMessage(Message::ElementNodeMissing(element));
+    return node;
+}
+
+bool MemberWriter::WriteDWORD(const wchar_t* key, DWORD value) {
+    JSONNode* target = mgr_->AddElement(node_, key, kDWORDAttributeCode);
+    return mgr_->SetDWORDAttribute(target, key, value) == ZELT_SUCCESS;
+}
+
+bool MemberWriter::WriteString(const wchar_t* key, const std::wstring& value) {
+    JSONNode* target = mgr_->AddElement(node_, key, kStringAttributeCode);
+    return mgr_->SetStringAttribute(target, key, value.c_str()) == ZELT_SUCCESS;
+}
+
+bool MemberWriter::RequiredDWORD(const wchar_t* key, DWORD value) {
+    if (WriteDWORD(key, value)) return true;
+    DeliverMessage(Message::WriteRequiredDWORD(element_, key));
+    return false;
+}
+
+bool MemberWriter::OptionalDWORD(const wchar_t* key, const VextorJSConfig::OptionalDWORD& member) {
+    if (member.present == 0 || WriteDWORD(key, member.value)) return true;
+    DeliverMessage(Message::WriteOptionalDWORD(element_, key));
+    return false;
+}
+
+bool MemberWriter::RequiredString(const wchar_t* key, const std::wstring& value) {
+    if (WriteString(key, value)) return true;
+    DeliverMessage(Message::WriteString(element_, key));
+    return false;
+}
+
+bool MemberWriter::OptionalString(const wchar_t* key,
+                                  const VextorJSConfig::OptionalString& member) {
+    if (member.present == 0) return true;
+    return RequiredString(key, member.value);
+}
+
+bool MemberReader::RequiredDWORD(const wchar_t* key, DWORD& value) {
+    DWORD read = 0;
+    if (mgr_->GetDWORDAttribute(node_, key, &read) == ZELT_SUCCESS) {
+        value = read;
+        return true;
+    }
+    DeliverMessage(Message::ReadRequiredDWORD(element_, key));
+    return false;
+}
+
+bool MemberReader::OptionalDWORD(const wchar_t* key, VextorJSConfig::OptionalDWORD& member) {
+    DWORD read = 0;
+    if (mgr_->GetDWORDAttribute(node_, key, &read) == ZELT_SUCCESS) {
+        member.value = read;
+        member.present = 1;
+    }
+    return true;
+}
+
+bool MemberReader::RequiredString(const wchar_t* key, std::wstring& value) {
+    // A failing second step leaves the member empty and the read goes on.
+    if (ReadStringInTwoSteps(mgr_, node_, key, value) != StringRead::Missing) return true;
+    DeliverMessage(Message::ReadRequiredString(element_, key));
+    return false;
+}
+
+bool MemberReader::OptionalString(const wchar_t* key, VextorJSConfig::OptionalString& member) {
+    if (ReadStringInTwoSteps(mgr_, node_, key, member.value) == StringRead::Read)
+        member.present = 1;
+    return true;
+}
+
+}  // namespace VextorJSConfig

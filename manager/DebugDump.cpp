@@ -1,0 +1,9 @@
+#include "manager/DebugDump.h"
+
+namespace {
+DebugDumpCallback debugDumpCallback = nullptr;
+}
+
+DebugDumpCallback CurrentDebugDumpCallback() { return debugDumpCallback; }
+
+void StoreDebugDumpCallback(DebugDumpCallback callback) { debugDumpCallback = callback; }

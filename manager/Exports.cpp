@@ -1,0 +1,35 @@
+// The library's exported entry points of the manager family.
+#include "manager/DebugDump.h"
+#include "manager/JSONManager.h"
+
+#include <new>
+
+#if defined(_WIN32)
+#include <windows.h>
+
+// Loading and unloading do nothing beyond the runtime's own start-up.
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD, LPVOID) { return TRUE; }
+#endif
+
+IJSONManager* zeltCreateJSONManager(char* utf8Text, int length) {
+    CJSONManager* manager = new (std::nothrow) CJSONManager();
+    if (manager == nullptr) return nullptr;
+    if (utf8Text == nullptr || length == 0) return manager;
+    try {
+        // A text that does not import still gives a manager, with no document.
+        manager->StoreLastResult(manager->CJSONManager::ImportFromJSONString(utf8Text, length));
+    } catch (...) {
+        delete manager;
+        throw;
+    }
+    return manager;
+}
+
+void zeltDestroyJSONManager(IJSONManager* manager) {
+    // Destroying any manager switches debug reporting off for the process;
+    // callers rely on this coupling.
+    StoreDebugDumpCallback(nullptr);
+    delete manager;
+}
+
+void SetZeltDebugDumpCallBack(DebugDumpCallback callback) { StoreDebugDumpCallback(callback); }

@@ -1,0 +1,74 @@
+#include "manager/FileAccess.h"
+
+#include "manager/TextConversion.h"
+
+#include <string>
+
+#if defined(_WIN32)
+#include <windows.h>
+
+bool ProbeFileExclusive(const wchar_t* path, std::uint32_t& size) {
+    // Share mode 0: a file that another handle holds open fails here.
+    HANDLE file = CreateFileW(path, GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                              FILE_FLAG_OVERLAPPED | FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    size = GetFileSize(file, nullptr);
+    CloseHandle(file);
+    return true;
+}
+
+std::FILE* OpenFileStream(const wchar_t* path, const char* mode) {
+    if (path == nullptr) return nullptr;
+    const wchar_t* wideMode = mode[0] == 'r' ? L"rb" : L"wb";
+    std::FILE* stream = nullptr;
+    if (_wfopen_s(&stream, path, wideMode) != 0) return nullptr;
+    if (stream != nullptr) std::setvbuf(stream, nullptr, _IONBF, 0);
+    return stream;
+}
+
+#else
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace {
+// True when no other descriptor has the file open. A write lease is granted
+// only in that case, and released at once. Where leases are not permitted
+// (EPERM: not the owner; EINVAL: the file system has none), an exclusive
+// flock is the closest check left, though it sees only other flocks.
+bool NoOtherDescriptorOpen(int fd) {
+    if (fcntl(fd, F_SETLEASE, F_WRLCK) == 0) {
+        fcntl(fd, F_SETLEASE, F_UNLCK);
+        return true;
+    }
+    if (errno != EPERM && errno != EINVAL) return false;
+    if (flock(fd, LOCK_EX | LOCK_NB) != 0) return false;
+    flock(fd, LOCK_UN);
+    return true;
+}
+}  // namespace
+
+bool ProbeFileExclusive(const wchar_t* path, std::uint32_t& size) {
+    std::string utf8Path;
+    if (!ConvertWideToUtf8(path, utf8Path)) return false;
+    const int fd = open(utf8Path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0) return false;
+    struct stat status;
+    const bool probed =
+        fstat(fd, &status) == 0 && S_ISREG(status.st_mode) && NoOtherDescriptorOpen(fd);
+    if (probed) size = static_cast<std::uint32_t>(status.st_size);
+    close(fd);
+    return probed;
+}
+
+std::FILE* OpenFileStream(const wchar_t* path, const char* mode) {
+    std::string utf8Path;
+    if (!ConvertWideToUtf8(path, utf8Path)) return nullptr;
+    std::FILE* stream = std::fopen(utf8Path.c_str(), mode);
+    if (stream != nullptr) std::setvbuf(stream, nullptr, _IONBF, 0);
+    return stream;
+}
+#endif

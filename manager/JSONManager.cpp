@@ -1,0 +1,326 @@
+#include "manager/JSONManager.h"
+
+#include "manager/FileAccess.h"
+#include "manager/JSONNumbers.h"
+#include "manager/JSONWriter.h"
+#include "manager/LogSink.h"
+#include "manager/TextConversion.h"
+
+#include <json-c/json.h>
+
+#include <climits>
+#include <cstdint>
+#include <cstring>
+#include <new>
+
+namespace {
+
+// Buffer sizes, in bytes with the terminator, of the names that AddElement,
+// GetElement and RemoveElement convert.
+constexpr std::size_t kAddedNameBytes = 260;
+constexpr std::size_t kLookedUpNameBytes = 1024;
+
+// AddElement's own type codes.
+constexpr int kNewObject = 0;
+constexpr int kNewArray = 1;
+constexpr int kNewArrayAlternative = 2;
+constexpr int kParentItself = 3;
+constexpr int kParentItselfAlternative = 4;
+
+json_object* AsJSON(JSONNode* node) { return reinterpret_cast<json_object*>(node); }
+JSONNode* AsNode(json_object* object) { return reinterpret_cast<JSONNode*>(object); }
+
+bool IsKind(json_object* node, json_type kind) { return json_object_get_type(node) == kind; }
+bool IsContainer(json_object* node) {
+    return IsKind(node, json_type_object) || IsKind(node, json_type_array);
+}
+
+template <std::size_t Capacity>
+bool ConvertName(const wchar_t* name, char (&buffer)[Capacity]) {
+    return ConvertWideToUtf8(name, buffer, Capacity) >= 1;
+}
+
+// An object made under a parent that can hold no member: it is handed to the
+// caller and never freed by the manager. Callers rely on getting a node back.
+json_object* CreateUnattachedObject() { return json_object_new_object(); }
+
+// The read buffer of a file import. It is intentionally not freed after the
+// parse: each import keeps size + 1 bytes, as the library always has.
+char* AllocateImportBuffer(std::uint32_t size) {
+    return new (std::nothrow) char[static_cast<std::size_t>(size) + 1]();
+}
+
+int SaturatedInt(std::size_t value) {
+    return value > static_cast<std::size_t>(INT_MAX) ? INT_MAX : static_cast<int>(value);
+}
+
+}  // namespace
+
+CJSONManager::~CJSONManager() { CJSONManager::ClearDocument(); }
+
+void CJSONManager::ClearDocument() {
+    if (root_ != nullptr) {
+        json_object_put(root_);
+        root_ = nullptr;
+    }
+    lastResult_ = 0;
+}
+
+int CJSONManager::CreateNewDocument() {
+    ClearDocument();
+    root_ = json_object_new_object();
+    return root_ != nullptr ? ZELT_SUCCESS : ZELT_FAILED;
+}
+
+int CJSONManager::ImportFromJSONString(const char* utf8Text, int length) {
+    if (utf8Text == nullptr || length == 0) return ZELT_BAD_ARGUMENT;
+    // The text must end with its first zero byte right after length bytes;
+    // the scan never reads past that point.
+    if (length < 0 ||
+        std::memchr(utf8Text, '\0', static_cast<std::size_t>(length) + 1) != utf8Text + length)
+        return ZELT_BAD_ARGUMENT;
+    ClearDocument();
+    root_ = json_tokener_parse(utf8Text);
+    return root_ != nullptr ? ZELT_SUCCESS : ZELT_BAD_ARGUMENT;
+}
+
+int CJSONManager::ImportFromJSONFile(const wchar_t* path) {
+    static constexpr const wchar_t* kFunction = L"CJSONManager::ImportFromJSONFile";
+    if (path == nullptr) {
+        LogManagerFailure(kFunction, 75, L"File path is NULL.");
+        return ZELT_BAD_ARGUMENT;
+    }
+    std::uint32_t size = 0;
+    if (!ProbeFileExclusive(path, size)) {
+        LogManagerFailure(kFunction, 96, L"Failed to open file.");
+        return ZELT_BAD_ARGUMENT;
+    }
+    if (size == 0) return ZELT_BAD_ARGUMENT;
+    std::FILE* stream = OpenFileStream(path, "rb");
+    if (stream == nullptr) return ZELT_BAD_ARGUMENT;
+    char* buffer = AllocateImportBuffer(size);
+    if (buffer == nullptr) {
+        std::fclose(stream);
+        return ZELT_FAILED;
+    }
+    if (std::fread(buffer, 1, size, stream) < size) {
+        std::fclose(stream);
+        delete[] buffer;
+        return ZELT_BAD_ARGUMENT;
+    }
+    std::fclose(stream);
+    ClearDocument();
+    // Parsing stops at the first zero byte of the file.
+    root_ = json_tokener_parse(buffer);
+    return root_ != nullptr ? ZELT_SUCCESS : ZELT_FAILED;
+}
+
+int CJSONManager::SaveToJSONFile(const wchar_t* path) {
+    static constexpr const wchar_t* kFunction = L"CJSONManager::SaveToJSONFile";
+    std::FILE* stream = OpenFileStream(path, "wb");
+    if (stream == nullptr) return ZELT_BAD_ARGUMENT;
+    if (root_ == nullptr) {
+        LogManagerFailure(kFunction, 179, L"Failed to convert object to a JSON string.");
+        std::fclose(stream);
+        return ZELT_NOTHING_TO_SAVE;
+    }
+    // A string root is saved as its bare characters, without quotes.
+    std::string text;
+    if (IsKind(root_, json_type_string))
+        text = json_object_get_string(root_);
+    else
+        AppendJSONText(root_, text);
+    if (std::fwrite(text.data(), 1, text.size(), stream) < text.size()) {
+        LogManagerFailure(kFunction, 174, L"Failed to write full string to export file.");
+        std::fclose(stream);
+        return ZELT_FAILED;
+    }
+    std::fclose(stream);
+    return ZELT_SUCCESS;
+}
+
+JSONNode* CJSONManager::GetRootElement() { return AsNode(root_); }
+
+bool CJSONManager::ReplaceMember(json_object* object, const char* key, json_object* value) {
+    json_object_object_del(object, key);
+    if (json_object_object_add_ex(object, key, value, JSON_C_OBJECT_ADD_KEY_IS_NEW) == 0)
+        return true;
+    json_object_put(value);
+    return false;
+}
+
+JSONNode* CJSONManager::AddElement(JSONNode* parent, const wchar_t* name, int type) {
+    if (name == nullptr) return nullptr;
+    char key[kAddedNameBytes];
+    if (!ConvertName(name, key)) return nullptr;
+    json_object* target = parent != nullptr ? AsJSON(parent) : root_;
+    if (target == nullptr || type < kNewObject || type > kParentItselfAlternative) {
+        lastResult_ = ZELT_BAD_ARGUMENT;
+        return nullptr;
+    }
+    if (type == kParentItself || type == kParentItselfAlternative) return AsNode(target);
+
+    if (type == kNewObject) {
+        if (!IsContainer(target)) return AsNode(CreateUnattachedObject());
+        json_object* object = json_object_new_object();
+        if (object == nullptr) return nullptr;
+        if (IsKind(target, json_type_object)) {
+            if (!ReplaceMember(target, key, object)) return nullptr;
+        } else if (json_object_array_add(target, object) != 0) {
+            json_object_put(object);
+            return nullptr;
+        }
+        return AsNode(object);
+    }
+
+    // kNewArray or kNewArrayAlternative: only an object can hold it.
+    if (!IsKind(target, json_type_object)) {
+        lastResult_ = ZELT_BAD_ARGUMENT;
+        return nullptr;
+    }
+    json_object* array = json_object_new_array();
+    if (array == nullptr || !ReplaceMember(target, key, array)) return nullptr;
+    return AsNode(array);
+}
+
+JSONNode* CJSONManager::GetElement(JSONNode* parent, const wchar_t* name) {
+    if (name == nullptr) return nullptr;
+    char key[kLookedUpNameBytes];
+    if (!ConvertName(name, key)) return nullptr;
+    json_object* target = parent != nullptr ? AsJSON(parent) : root_;
+    if (target == nullptr) return nullptr;
+    if (!IsKind(target, json_type_object)) {
+        lastResult_ = ZELT_BAD_ARGUMENT;
+        return nullptr;
+    }
+    // Keys are unique, so the hash lookup finds the first equal key. A
+    // member whose value is JSON null gives null, as a missing one does.
+    json_object* value = nullptr;
+    json_object_object_get_ex(target, key, &value);
+    return AsNode(value);
+}
+
+JSONNode* CJSONManager::GetArrayElement(JSONNode* array, const wchar_t* /*name*/, int index) {
+    if (array == nullptr || index < 0) {
+        lastResult_ = ZELT_BAD_ARGUMENT;
+        return nullptr;
+    }
+    json_object* target = AsJSON(array);
+    if (!IsKind(target, json_type_array)) {
+        lastResult_ = ZELT_NOT_PRESENT;
+        return nullptr;
+    }
+    if (static_cast<std::size_t>(index) >= json_object_array_length(target)) return nullptr;
+    return AsNode(json_object_array_get_idx(target, static_cast<std::size_t>(index)));
+}
+
+int CJSONManager::StoreValue(json_object* node, const char* key, json_object* value) {
+    if (value == nullptr) return ZELT_FAILED;
+    if (IsKind(node, json_type_object)) return ReplaceMember(node, key, value) ? ZELT_SUCCESS : ZELT_FAILED;
+    if (json_object_array_add(node, value) == 0) return ZELT_SUCCESS;
+    json_object_put(value);
+    return ZELT_FAILED;
+}
+
+int CJSONManager::SetDWORDAttribute(JSONNode* node, const wchar_t* name, DWORD value) {
+    if (node == nullptr) return ZELT_BAD_ARGUMENT;
+    std::string key;
+    if (!ConvertWideToUtf8(name, key)) return ZELT_FAILED;
+    if (!IsContainer(AsJSON(node))) {
+        lastResult_ = ZELT_BAD_ARGUMENT;
+        return ZELT_BAD_ARGUMENT;
+    }
+    // Stored as a signed 32-bit integer: values from 2147483648 up are written
+    // as their negative reading and read back as the same DWORD.
+    const auto stored = static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
+    return StoreValue(AsJSON(node), key.c_str(), json_object_new_int(stored));
+}
+
+int CJSONManager::SetStringAttribute(JSONNode* node, const wchar_t* name, const wchar_t* value) {
+    if (node == nullptr || value == nullptr) return ZELT_BAD_ARGUMENT;
+    std::string text, key;
+    if (!ConvertWideToUtf8(value, text) || !ConvertWideToUtf8(name, key)) return ZELT_FAILED;
+    if (!IsContainer(AsJSON(node))) {
+        lastResult_ = ZELT_BAD_ARGUMENT;
+        return ZELT_BAD_ARGUMENT;
+    }
+    return StoreValue(AsJSON(node), key.c_str(),
+                      json_object_new_string_len(text.data(), SaturatedInt(text.size())));
+}
+
+json_object* CJSONManager::FindAttribute(json_object* node, const wchar_t* name) {
+    if (IsKind(node, json_type_string)) return node;
+    return AsJSON(GetElement(AsNode(node), name));
+}
+
+int CJSONManager::GetDWORDAttribute(JSONNode* node, const wchar_t* name, DWORD* value) {
+    if (name == nullptr || value == nullptr) return ZELT_BAD_ARGUMENT;
+    json_object* target = node != nullptr ? AsJSON(node) : root_;
+    if (target == nullptr) return ZELT_BAD_ARGUMENT;
+    json_object* attribute = FindAttribute(target, name);
+    if (attribute == nullptr) return ZELT_NOT_PRESENT;
+    *value = static_cast<std::uint32_t>(IntegerReading(attribute));
+    return ZELT_SUCCESS;
+}
+
+int CJSONManager::DeliverText(json_object* node, wchar_t* buffer, int* length) {
+    std::string serialized;
+    const char* text;
+    if (IsKind(node, json_type_string)) {
+        text = json_object_get_string(node);
+    } else {
+        AppendJSONText(node, serialized);
+        text = serialized.c_str();
+    }
+    if (text == nullptr) return ZELT_NOT_PRESENT;
+    if (length == nullptr) return ZELT_BAD_ARGUMENT;
+    // The needed length counts one unit beyond the terminator; callers rely
+    // on exactly this value.
+    const std::size_t units = ConvertUtf8ToWide(text, nullptr, 0);
+    const int needed = SaturatedInt(units + 1);
+    if (needed > *length) {
+        *length = needed;
+        return ZELT_BUFFER_TOO_SMALL;
+    }
+    if (buffer == nullptr) return ZELT_BAD_ARGUMENT;
+    ConvertUtf8ToWide(text, buffer, units);
+    *length = needed;
+    return ZELT_SUCCESS;
+}
+
+int CJSONManager::GetStringAttribute(JSONNode* node, const wchar_t* name, wchar_t* buffer,
+                                     int* length) {
+    if (name == nullptr) return ZELT_BAD_ARGUMENT;
+    json_object* target = node != nullptr ? AsJSON(node) : root_;
+    if (target == nullptr) return ZELT_BAD_ARGUMENT;
+    json_object* attribute = FindAttribute(target, name);
+    if (attribute == nullptr) return ZELT_NOT_PRESENT;
+    return DeliverText(attribute, buffer, length);
+}
+
+int CJSONManager::GetArrayStringAttribute(JSONNode* array, const wchar_t* name, int index,
+                                          wchar_t* buffer, int* length) {
+    if (name == nullptr) return ZELT_BAD_ARGUMENT;
+    JSONNode* target = array != nullptr ? array : AsNode(root_);
+    if (target == nullptr) return ZELT_BAD_ARGUMENT;
+    json_object* item = AsJSON(GetArrayElement(target, name, index));
+    if (item == nullptr) return ZELT_NOT_PRESENT;
+    return DeliverText(item, buffer, length);
+}
+
+int CJSONManager::GetArrayCount(JSONNode* array, const wchar_t* /*name*/) {
+    if (array == nullptr) return ZELT_FAILED;
+    // A node that is not an array gives 2, like a two-item array: callers
+    // treat the result as a count.
+    if (!IsKind(AsJSON(array), json_type_array)) return ZELT_NOT_PRESENT;
+    return SaturatedInt(json_object_array_length(AsJSON(array)));
+}
+
+int CJSONManager::RemoveElement(JSONNode* parent, const wchar_t* name) {
+    if (parent == nullptr || name == nullptr) return ZELT_BAD_ARGUMENT;
+    char key[kLookedUpNameBytes];
+    if (!ConvertName(name, key)) return ZELT_BAD_ARGUMENT;
+    if (GetElement(parent, name) == nullptr) return ZELT_NOT_PRESENT;
+    json_object_object_del(AsJSON(parent), key);
+    return ZELT_SUCCESS;
+}
