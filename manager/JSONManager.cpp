@@ -1,6 +1,7 @@
 #include "manager/JSONManager.h"
 
-#include "manager/FileAccess.h"
+#include "manager/FileProbe.h"
+#include "manager/FileStream.h"
 #include "manager/JSONNumbers.h"
 #include "manager/JSONWriter.h"
 #include "manager/LogSink.h"

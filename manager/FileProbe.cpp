@@ -1,8 +1,4 @@
-#include "manager/FileAccess.h"
-
-#include "manager/TextConversion.h"
-
-#include <string>
+#include "manager/FileProbe.h"
 
 #if defined(_WIN32)
 #include <windows.h>
@@ -17,22 +13,16 @@ bool ProbeFileExclusive(const wchar_t* path, std::uint32_t& size) {
     return true;
 }
 
-std::FILE* OpenFileStream(const wchar_t* path, const char* mode) {
-    if (path == nullptr) return nullptr;
-    const wchar_t* wideMode = mode[0] == 'r' ? L"rb" : L"wb";
-    std::FILE* stream = nullptr;
-    if (_wfopen_s(&stream, path, wideMode) != 0) return nullptr;
-    if (stream != nullptr) std::setvbuf(stream, nullptr, _IONBF, 0);
-    return stream;
-}
-
 #else
+#include "manager/TextConversion.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <string>
 
 namespace {
 // True when no other descriptor has the file open. A write lease is granted
@@ -54,6 +44,7 @@ bool NoOtherDescriptorOpen(int fd) {
 bool ProbeFileExclusive(const wchar_t* path, std::uint32_t& size) {
     std::string utf8Path;
     if (!ConvertWideToUtf8(path, utf8Path)) return false;
+    // Non-blocking, so that opening a FIFO without a writer returns at once.
     const int fd = open(utf8Path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (fd < 0) return false;
     struct stat status;
@@ -62,13 +53,5 @@ bool ProbeFileExclusive(const wchar_t* path, std::uint32_t& size) {
     if (probed) size = static_cast<std::uint32_t>(status.st_size);
     close(fd);
     return probed;
-}
-
-std::FILE* OpenFileStream(const wchar_t* path, const char* mode) {
-    std::string utf8Path;
-    if (!ConvertWideToUtf8(path, utf8Path)) return nullptr;
-    std::FILE* stream = std::fopen(utf8Path.c_str(), mode);
-    if (stream != nullptr) std::setvbuf(stream, nullptr, _IONBF, 0);
-    return stream;
 }
 #endif
