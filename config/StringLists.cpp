@@ -1,0 +1,228 @@
+#include "config/StringLists.h"
+
+#include "config/ElementMembers.h"
+#include "config/ElementMessages.h"
+#include "config/MemberIO.h"
+
+#include <utility>
+
+namespace VextorJSConfig {
+
+namespace {
+constexpr const wchar_t* kStringValueKey = L"StringValue";
+// Type code of AddElement that creates an array member.
+constexpr int kArrayCode = 1;
+}  // namespace
+
+// Entry ---------------------------------------------------------------------
+
+template <class Interface, class Names>
+StringListEntry<Interface, Names>::~StringListEntry() {
+    StringListEntry::Clear();
+}
+
+template <class Interface, class Names>
+int StringListEntry<Interface, Names>::WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent,
+                                                      int /*flag*/) {
+    if (mgr == nullptr) return ReportFailure(Message::WriteNoManager());
+    if (parent == nullptr) return ReportFailure(Message::ElementNodeMissing(Names::kEntry));
+    // Under an array the string is appended as a bare item; under an object
+    // it becomes the member "StringValue".
+    MemberWriter write(mgr, parent, Names::kEntry);
+    return write.RequiredString(kStringValueKey, stringValue_) ? ZELT_SUCCESS : ZELT_FAILED;
+}
+
+template <class Interface, class Names>
+int StringListEntry<Interface, Names>::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
+    if (mgr == nullptr) return ReportFailure(Message::ReadNoManager());
+    Clear();
+    // The manager takes a string item as the value itself and looks up
+    // "StringValue" in an object item, so both item forms read.
+    MemberReader read(mgr, node, Names::kEntry);
+    return FinishRead(*this, read.RequiredString(kStringValueKey, stringValue_));
+}
+
+template <class Interface, class Names>
+void StringListEntry<Interface, Names>::Clear() {
+    this->ElementType = ELEMENT_TYPE_LIST_ENTRY;
+    stringValue_.clear();
+}
+
+template <class Interface, class Names>
+Interface& StringListEntry<Interface, Names>::CopyFrom(const Interface& other) {
+    if (&other == this) return *this;
+    this->Clear();
+    stringValue_ = static_cast<const StringListEntry&>(other).stringValue_;
+    return *this;
+}
+
+template <class Interface, class Names>
+const std::wstring* StringListEntry<Interface, Names>::GetStringValue() const {
+    return &stringValue_;
+}
+
+template <class Interface, class Names>
+int StringListEntry<Interface, Names>::SetStringValue(const std::wstring* value) {
+    return SetRequiredString(stringValue_, value, Names::kEntry, kStringValueKey);
+}
+
+// List ----------------------------------------------------------------------
+
+template <class Interface, class EntryInterface, class Entry, class Names>
+StringList<Interface, EntryInterface, Entry, Names>::~StringList() {
+    StringList::Clear();
+}
+
+template <class Interface, class EntryInterface, class Entry, class Names>
+int StringList<Interface, EntryInterface, Entry, Names>::WriteToJSONMgr(IJSONManager* mgr,
+                                                                        JSONNode* parent,
+                                                                        int /*flag*/) {
+    if (mgr == nullptr) return ReportFailure(Message::WriteNoManager());
+    if (parent == nullptr) return ReportFailure(Message::ElementNodeMissing(Names::kList));
+    if (entries_.empty()) return ZELT_SUCCESS;
+
+    JSONNode* array = mgr->AddElement(parent, Names::kList, kArrayCode);
+    if (array == nullptr) return ReportFailure(Message::ElementNodeMissing(Names::kList));
+    // Each entry receives its 1-based position as the flag.
+    int position = 1;
+    for (const std::unique_ptr<Entry>& entry : entries_) {
+        if (entry->WriteToJSONMgr(mgr, array, position++) != ZELT_SUCCESS)
+            return ReportFailure(Message::WriteListEntry(Names::kEntry));
+    }
+    return ZELT_SUCCESS;
+}
+
+template <class Interface, class EntryInterface, class Entry, class Names>
+int StringList<Interface, EntryInterface, Entry, Names>::ReadFromJSONMgr(IJSONManager* mgr,
+                                                                         JSONNode* node) {
+    if (mgr == nullptr) return ReportFailure(Message::ReadNoManager());
+    Clear();
+    // Below 1 covers an empty array and a null node (-101). A node that is not
+    // an array counts 2 and then fails at its first item.
+    const int count = mgr->GetArrayCount(node, Names::kEntry);
+    for (int index = 0; index < count; ++index) {
+        JSONNode* item = mgr->GetArrayElement(node, Names::kEntry, index);
+        auto entry = std::make_unique<Entry>();
+        if (item == nullptr || entry->ReadFromJSONMgr(mgr, item) != ZELT_SUCCESS) {
+            entry.reset();
+            Clear();
+            return ReportFailure(Message::ReadListEntry(Names::kEntry));
+        }
+        entries_.push_back(std::move(entry));
+    }
+    return ZELT_SUCCESS;
+}
+
+template <class Interface, class EntryInterface, class Entry, class Names>
+void StringList<Interface, EntryInterface, Entry, Names>::Clear() {
+    this->ElementType = ELEMENT_TYPE_ORDINARY;
+    this->RemoveAllItems();
+}
+
+template <class Interface, class EntryInterface, class Entry, class Names>
+Interface& StringList<Interface, EntryInterface, Entry, Names>::CopyFrom(const Interface& other) {
+    if (&other == this) return *this;
+    this->Clear();
+    const auto& source = static_cast<const StringList&>(other);
+    for (const std::unique_ptr<Entry>& entry : source.entries_)
+        entries_.push_back(CopyOfEntry(*entry));
+    return *this;
+}
+
+template <class Interface, class EntryInterface, class Entry, class Names>
+DWORD StringList<Interface, EntryInterface, Entry, Names>::GetItemCount() const {
+    return static_cast<DWORD>(entries_.size());
+}
+
+template <class Interface, class EntryInterface, class Entry, class Names>
+bool StringList<Interface, EntryInterface, Entry, Names>::IsValidIndex(DWORD index) const {
+    const DWORD count = GetItemCount();
+    return count != 0 && index <= count - 1;
+}
+
+template <class Interface, class EntryInterface, class Entry, class Names>
+EntryInterface* StringList<Interface, EntryInterface, Entry, Names>::GetItem(DWORD index) {
+    return IsValidIndex(index) ? entries_[index].get() : nullptr;
+}
+
+template <class Interface, class EntryInterface, class Entry, class Names>
+void StringList<Interface, EntryInterface, Entry, Names>::AddItem(const EntryInterface* item) {
+    entries_.push_back(CopyOfEntry(*item));
+}
+
+template <class Interface, class EntryInterface, class Entry, class Names>
+void StringList<Interface, EntryInterface, Entry, Names>::InsertItem(DWORD index,
+                                                                     const EntryInterface* item) {
+    std::unique_ptr<Entry> entry = CopyOfEntry(*item);
+    // Unsigned on purpose: on an empty list the bound wraps to 4294967295, so
+    // index 0 inserts the first entry. Any other index on an empty list is a
+    // caller error; it appends rather than inserting past the end.
+    const DWORD lastIndex = GetItemCount() - 1;
+    if (index <= lastIndex && index <= entries_.size())
+        entries_.insert(entries_.begin() + index, std::move(entry));
+    else
+        entries_.push_back(std::move(entry));
+}
+
+template <class Interface, class EntryInterface, class Entry, class Names>
+void StringList<Interface, EntryInterface, Entry, Names>::RemoveItem(DWORD index) {
+    if (!IsValidIndex(index)) return;
+    // Take the slot out first, then destroy the entry.
+    std::unique_ptr<Entry> removed = std::move(entries_[index]);
+    entries_.erase(entries_.begin() + index);
+}
+
+template <class Interface, class EntryInterface, class Entry, class Names>
+void StringList<Interface, EntryInterface, Entry, Names>::RemoveAllItems() {
+    // Front to back; the sequence keeps its storage for reuse.
+    for (std::unique_ptr<Entry>& entry : entries_) entry.reset();
+    entries_.clear();
+}
+
+template <class Interface, class EntryInterface, class Entry, class Names>
+std::unique_ptr<Entry> StringList<Interface, EntryInterface, Entry, Names>::CopyOfEntry(
+    const EntryInterface& source) {
+    auto entry = std::make_unique<Entry>();
+    entry->Clear();
+    entry->CopyFrom(source);
+    return entry;
+}
+
+// The three lists -------------------------------------------------------------
+
+template class StringListEntry<IClientRequestHeadersArray, ClientRequestHeadersNames>;
+template class StringList<IClientRequestHeaders, IClientRequestHeadersArray,
+                          CClientRequestHeadersArray, ClientRequestHeadersNames>;
+template class StringListEntry<IIPListArray, IPListNames>;
+template class StringList<IIPList, IIPListArray, CIPListArray, IPListNames>;
+template class StringListEntry<IVPNDescListArray, VPNDescListNames>;
+template class StringList<IVPNDescList, IVPNDescListArray, CVPNDescListArray, VPNDescListNames>;
+
+namespace {
+// Made with new and put through Clear by way of the interface.
+template <class Implementation, class Interface>
+Interface* CreateCleared() {
+    Interface* element = new Implementation();
+    element->Clear();
+    return element;
+}
+}  // namespace
+
+IClientRequestHeaders* ClientRequestHeaders_CreateNewInstance() {
+    return CreateCleared<CClientRequestHeaders, IClientRequestHeaders>();
+}
+IClientRequestHeadersArray* ClientRequestHeadersArray_CreateNewInstance() {
+    return CreateCleared<CClientRequestHeadersArray, IClientRequestHeadersArray>();
+}
+IIPList* IPList_CreateNewInstance() { return CreateCleared<CIPList, IIPList>(); }
+IIPListArray* IPListArray_CreateNewInstance() {
+    return CreateCleared<CIPListArray, IIPListArray>();
+}
+IVPNDescList* VPNDescList_CreateNewInstance() {
+    return CreateCleared<CVPNDescList, IVPNDescList>();
+}
+IVPNDescListArray* VPNDescListArray_CreateNewInstance() {
+    return CreateCleared<CVPNDescListArray, IVPNDescListArray>();
+}
+
+}  // namespace VextorJSConfig
