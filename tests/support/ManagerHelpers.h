@@ -109,8 +109,8 @@ inline std::string NarrowForPrinting(const std::wstring& text) {
 
 inline void PrintTo(const LogRecord& record, std::ostream* out) {
     *out << "{" << NarrowForPrinting(record.file) << ", " << NarrowForPrinting(record.function)
-         << ", " << record.line << ", " << record.level << ", "
-         << NarrowForPrinting(record.message) << "}";
+         << ", " << record.line << ", " << record.level << ", " << NarrowForPrinting(record.message)
+         << "}";
 }
 
 #endif  // ZELT_TESTS_MANAGERHELPERS_H
