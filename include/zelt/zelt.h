@@ -9,5 +9,10 @@
 #include <zelt/StringLists.h>
 #include <zelt/EnforceList.h>
 #include <zelt/WhiteList.h>
+#include <zelt/HTTPS.h>
+#include <zelt/ClientSetting.h>
+#include <zelt/AdvancedRule.h>
+#include <zelt/ContentUploadChannel.h>
+#include <zelt/VextorJSConfig.h>
 
 #endif  // ZELT_ZELT_H

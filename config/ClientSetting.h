@@ -1,0 +1,56 @@
+// ClientSetting.h: CClientSetting, the implementation of IClientSetting.
+#ifndef ZELT_CONFIG_CLIENTSETTING_H
+#define ZELT_CONFIG_CLIENTSETTING_H
+
+#include "config/Communication.h"
+#include "config/ElementMembers.h"
+#include "config/HTTPS.h"
+
+#include <zelt/ClientSetting.h>
+
+namespace VextorJSConfig {
+
+class CClientSetting final : public IClientSetting {
+public:
+    CClientSetting() = default;
+    ~CClientSetting() override;
+    CClientSetting(const CClientSetting&) = delete;
+    CClientSetting& operator=(const CClientSetting&) = delete;
+
+    int WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int flag) override;
+    int ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) override;
+    void Clear() override;
+    IClientSetting& CopyFrom(const IClientSetting& other) override;
+
+    ICommunication* GetCommunication() override { return &communication_; }
+    int SetCommunication(const ICommunication* value) override;
+    IHTTPS* GetHTTPS() override { return &https_; }
+    int SetHTTPS(const IHTTPS* value) override;
+    DWORD GetContentUpload() const override { return contentUpload_; }
+    int SetContentUpload(const DWORD* value) override;
+    int GetFailOpen(DWORD* out) const override;
+    void SetFailOpen(const DWORD* value) override;
+    DWORD GetLogUpload() const override { return logUpload_; }
+    int SetLogUpload(const DWORD* value) override;
+    DWORD GetURLLocalCache() const override { return urlLocalCache_; }
+    int SetURLLocalCache(const DWORD* value) override;
+    int GetSafeMode(DWORD* out) const override;
+    void SetSafeMode(const DWORD* value) override;
+    int GetStatsPeriod(DWORD* out) const override;
+    void SetStatsPeriod(const DWORD* value) override;
+
+private:
+    // In write order: the children first.
+    CCommunication communication_;
+    CHTTPS https_;
+    DWORD contentUpload_ = 0;
+    OptionalDWORD failOpen_;
+    DWORD logUpload_ = 0;
+    DWORD urlLocalCache_ = 0;
+    OptionalDWORD safeMode_;
+    OptionalDWORD statsPeriod_;
+};
+
+}  // namespace VextorJSConfig
+
+#endif  // ZELT_CONFIG_CLIENTSETTING_H
