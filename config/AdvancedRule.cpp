@@ -10,31 +10,31 @@ constexpr const wchar_t* kEnforceListName = L"EnforceList";
 constexpr const wchar_t* kWhiteListName = L"WhiteList";
 }  // namespace
 
+// The members in write order, which is also the read order: the writer and
+// the reader take the same steps.
+template <class Steps>
+bool CAdvancedRule::VisitMembers(Steps& steps) {
+    return steps.OptionalChild(kEnforceListName, enforceList_, enforceListPresent_) &&
+           steps.OptionalChild(kWhiteListName, whiteList_, whiteListPresent_) &&
+           steps.OptionalDWORD(L"EnforceProxyServer", enforceProxyServer_) &&
+           steps.OptionalDWORD(L"BypassPrivateIP", bypassPrivateIP_) &&
+           steps.OptionalDWORD(L"BypassLocalIP", bypassLocalIP_);
+}
+
 CAdvancedRule::~CAdvancedRule() { CAdvancedRule::Clear(); }
 
 int CAdvancedRule::WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int /*flag*/) {
     JSONNode* node = CreateElementNode(mgr, parent, kElementName);
     if (node == nullptr) return ZELT_FAILED;
     MemberWriter write(mgr, node, kElementName);
-    const bool complete =
-        write.OptionalChild(kEnforceListName, enforceList_, enforceListPresent_) &&
-        write.OptionalChild(kWhiteListName, whiteList_, whiteListPresent_) &&
-        write.OptionalDWORD(L"EnforceProxyServer", enforceProxyServer_) &&
-        write.OptionalDWORD(L"BypassPrivateIP", bypassPrivateIP_) &&
-        write.OptionalDWORD(L"BypassLocalIP", bypassLocalIP_);
-    return complete ? ZELT_SUCCESS : ZELT_FAILED;
+    return VisitMembers(write) ? ZELT_SUCCESS : ZELT_FAILED;
 }
 
 int CAdvancedRule::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
     if (mgr == nullptr) return ReportFailure(Message::ReadNoManager());
     Clear();
     MemberReader read(mgr, node, kElementName);
-    const bool complete = read.OptionalChild(kEnforceListName, enforceList_, enforceListPresent_) &&
-                          read.OptionalChild(kWhiteListName, whiteList_, whiteListPresent_) &&
-                          read.OptionalDWORD(L"EnforceProxyServer", enforceProxyServer_) &&
-                          read.OptionalDWORD(L"BypassPrivateIP", bypassPrivateIP_) &&
-                          read.OptionalDWORD(L"BypassLocalIP", bypassLocalIP_);
-    return FinishRead(*this, complete);
+    return FinishRead(*this, VisitMembers(read));
 }
 
 void CAdvancedRule::Clear() {
@@ -105,9 +105,7 @@ void CAdvancedRule::SetBypassLocalIP(const DWORD* value) {
 }
 
 IAdvancedRule* AdvancedRule_CreateNewInstance() {
-    IAdvancedRule* element = new CAdvancedRule();
-    element->Clear();
-    return element;
+    return NewClearedElement<IAdvancedRule, CAdvancedRule>();
 }
 
 }  // namespace VextorJSConfig

@@ -34,6 +34,9 @@ public:
     void SetBypassLocalIP(const DWORD* value) override;
 
 private:
+    template <class Steps>
+    bool VisitMembers(Steps& steps);
+
     // In write order. A child may keep content while its flag is 0.
     CEnforceList enforceList_;
     DWORD enforceListPresent_ = 0;

@@ -10,36 +10,34 @@ constexpr const wchar_t* kCommunicationName = L"Communication";
 constexpr const wchar_t* kHTTPSName = L"HTTPS";
 }  // namespace
 
+// The members in write order, which is also the read order: the writer and
+// the reader take the same steps.
+template <class Steps>
+bool CClientSetting::VisitMembers(Steps& steps) {
+    return steps.RequiredChild(kCommunicationName, communication_) &&
+           steps.RequiredChild(kHTTPSName, https_) &&
+           steps.RequiredDWORD(L"ContentUpload", contentUpload_) &&
+           steps.OptionalDWORD(L"FailOpen", failOpen_) &&
+           steps.RequiredDWORD(L"LogUpload", logUpload_) &&
+           steps.RequiredDWORD(L"URLLocalCache", urlLocalCache_) &&
+           steps.OptionalDWORD(L"SafeMode", safeMode_) &&
+           steps.OptionalDWORD(L"StatsPeriod", statsPeriod_);
+}
+
 CClientSetting::~CClientSetting() { CClientSetting::Clear(); }
 
 int CClientSetting::WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int /*flag*/) {
     JSONNode* node = CreateElementNode(mgr, parent, kElementName);
     if (node == nullptr) return ZELT_FAILED;
     MemberWriter write(mgr, node, kElementName);
-    const bool complete = write.RequiredChild(kCommunicationName, communication_) &&
-                          write.RequiredChild(kHTTPSName, https_) &&
-                          write.RequiredDWORD(L"ContentUpload", contentUpload_) &&
-                          write.OptionalDWORD(L"FailOpen", failOpen_) &&
-                          write.RequiredDWORD(L"LogUpload", logUpload_) &&
-                          write.RequiredDWORD(L"URLLocalCache", urlLocalCache_) &&
-                          write.OptionalDWORD(L"SafeMode", safeMode_) &&
-                          write.OptionalDWORD(L"StatsPeriod", statsPeriod_);
-    return complete ? ZELT_SUCCESS : ZELT_FAILED;
+    return VisitMembers(write) ? ZELT_SUCCESS : ZELT_FAILED;
 }
 
 int CClientSetting::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
     if (mgr == nullptr) return ReportFailure(Message::ReadNoManager());
     Clear();
     MemberReader read(mgr, node, kElementName);
-    const bool complete = read.RequiredChild(kCommunicationName, communication_) &&
-                          read.RequiredChild(kHTTPSName, https_) &&
-                          read.RequiredDWORD(L"ContentUpload", contentUpload_) &&
-                          read.OptionalDWORD(L"FailOpen", failOpen_) &&
-                          read.RequiredDWORD(L"LogUpload", logUpload_) &&
-                          read.RequiredDWORD(L"URLLocalCache", urlLocalCache_) &&
-                          read.OptionalDWORD(L"SafeMode", safeMode_) &&
-                          read.OptionalDWORD(L"StatsPeriod", statsPeriod_);
-    return FinishRead(*this, complete);
+    return FinishRead(*this, VisitMembers(read));
 }
 
 void CClientSetting::Clear() {
@@ -102,9 +100,7 @@ int CClientSetting::GetStatsPeriod(DWORD* out) const { return GetOptionalDWORD(s
 void CClientSetting::SetStatsPeriod(const DWORD* value) { SetOptionalDWORD(statsPeriod_, value); }
 
 IClientSetting* ClientSetting_CreateNewInstance() {
-    IClientSetting* element = new CClientSetting();
-    element->Clear();
-    return element;
+    return NewClearedElement<IClientSetting, CClientSetting>();
 }
 
 }  // namespace VextorJSConfig

@@ -40,6 +40,9 @@ public:
     void SetStatsPeriod(const DWORD* value) override;
 
 private:
+    template <class Steps>
+    bool VisitMembers(Steps& steps);
+
     // In write order: the children first.
     CCommunication communication_;
     CHTTPS https_;

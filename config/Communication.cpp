@@ -19,38 +19,34 @@ constexpr const wchar_t* kManagementQueryInterval = L"ManagementQueryInterval";
 constexpr const wchar_t* kEnablePII = L"EnablePII";
 }  // namespace
 
+// The members in write order, which is also the read order: the writer and
+// the reader take the same steps.
+template <class Steps>
+bool CCommunication::VisitMembers(Steps& steps) {
+    return steps.OptionalDWORD(kAutoUpgradeQueryInterval, autoUpgradeQueryInterval_) &&
+           steps.RequiredString(kDispServerHostname, dispServerHostname_) &&
+           steps.OptionalString(kLogServerHostname, logServerHostname_) &&
+           steps.OptionalString(kEventLogUploadURL, eventLogUploadURL_) &&
+           steps.OptionalString(kAutoupgradeURI, autoupgradeURI_) &&
+           steps.RequiredDWORD(kLogUploadInterval, logUploadInterval_) &&
+           steps.RequiredDWORD(kManagementQueryInterval, managementQueryInterval_) &&
+           steps.OptionalDWORD(kEnablePII, enablePII_);
+}
+
 CCommunication::~CCommunication() { CCommunication::Clear(); }
 
 int CCommunication::WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int /*flag*/) {
     JSONNode* node = CreateElementNode(mgr, parent, kElementName);
     if (node == nullptr) return ZELT_FAILED;
     MemberWriter write(mgr, node, kElementName);
-    const bool complete =
-        write.OptionalDWORD(kAutoUpgradeQueryInterval, autoUpgradeQueryInterval_) &&
-        write.RequiredString(kDispServerHostname, dispServerHostname_) &&
-        write.OptionalString(kLogServerHostname, logServerHostname_) &&
-        write.OptionalString(kEventLogUploadURL, eventLogUploadURL_) &&
-        write.OptionalString(kAutoupgradeURI, autoupgradeURI_) &&
-        write.RequiredDWORD(kLogUploadInterval, logUploadInterval_) &&
-        write.RequiredDWORD(kManagementQueryInterval, managementQueryInterval_) &&
-        write.OptionalDWORD(kEnablePII, enablePII_);
-    return complete ? ZELT_SUCCESS : ZELT_FAILED;
+    return VisitMembers(write) ? ZELT_SUCCESS : ZELT_FAILED;
 }
 
 int CCommunication::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
     if (mgr == nullptr) return ReportFailure(Message::ReadNoManager());
     Clear();
     MemberReader read(mgr, node, kElementName);
-    const bool complete =
-        read.OptionalDWORD(kAutoUpgradeQueryInterval, autoUpgradeQueryInterval_) &&
-        read.RequiredString(kDispServerHostname, dispServerHostname_) &&
-        read.OptionalString(kLogServerHostname, logServerHostname_) &&
-        read.OptionalString(kEventLogUploadURL, eventLogUploadURL_) &&
-        read.OptionalString(kAutoupgradeURI, autoupgradeURI_) &&
-        read.RequiredDWORD(kLogUploadInterval, logUploadInterval_) &&
-        read.RequiredDWORD(kManagementQueryInterval, managementQueryInterval_) &&
-        read.OptionalDWORD(kEnablePII, enablePII_);
-    return FinishRead(*this, complete);
+    return FinishRead(*this, VisitMembers(read));
 }
 
 void CCommunication::Clear() {
@@ -128,9 +124,7 @@ int CCommunication::GetEnablePII(DWORD* out) const { return GetOptionalDWORD(ena
 void CCommunication::SetEnablePII(const DWORD* value) { SetOptionalDWORD(enablePII_, value); }
 
 ICommunication* Communication_CreateNewInstance() {
-    ICommunication* element = new CCommunication();
-    element->Clear();
-    return element;
+    return NewClearedElement<ICommunication, CCommunication>();
 }
 
 }  // namespace VextorJSConfig

@@ -40,6 +40,9 @@ public:
     void SetEnablePII(const DWORD* value) override;
 
 private:
+    template <class Steps>
+    bool VisitMembers(Steps& steps);
+
     // In the order of writing and reading.
     OptionalDWORD autoUpgradeQueryInterval_;
     std::wstring dispServerHostname_;

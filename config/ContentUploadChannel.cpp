@@ -9,30 +9,30 @@ constexpr const wchar_t* kElementName = L"ContentUploadChannel";
 constexpr const wchar_t* kHeadersName = L"ClientRequestHeaders";
 }  // namespace
 
+// The members in write order, which is also the read order: the writer and
+// the reader take the same steps.
+template <class Steps>
+bool CContentUploadChannel::VisitMembers(Steps& steps) {
+    return steps.OptionalChild(kHeadersName, clientRequestHeaders_, clientRequestHeadersPresent_) &&
+           steps.RequiredDWORD(L"MaxFileSizeForScan", maxFileSizeForScan_) &&
+           steps.OptionalString(L"FileTypesToBlock", fileTypesToBlock_) &&
+           steps.OptionalString(L"FileTypesToScan", fileTypesToScan_);
+}
+
 CContentUploadChannel::~CContentUploadChannel() { CContentUploadChannel::Clear(); }
 
 int CContentUploadChannel::WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int /*flag*/) {
     JSONNode* node = CreateElementNode(mgr, parent, kElementName);
     if (node == nullptr) return ZELT_FAILED;
     MemberWriter write(mgr, node, kElementName);
-    const bool complete =
-        write.OptionalChild(kHeadersName, clientRequestHeaders_, clientRequestHeadersPresent_) &&
-        write.RequiredDWORD(L"MaxFileSizeForScan", maxFileSizeForScan_) &&
-        write.OptionalString(L"FileTypesToBlock", fileTypesToBlock_) &&
-        write.OptionalString(L"FileTypesToScan", fileTypesToScan_);
-    return complete ? ZELT_SUCCESS : ZELT_FAILED;
+    return VisitMembers(write) ? ZELT_SUCCESS : ZELT_FAILED;
 }
 
 int CContentUploadChannel::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
     if (mgr == nullptr) return ReportFailure(Message::ReadNoManager());
     Clear();
     MemberReader read(mgr, node, kElementName);
-    const bool complete =
-        read.OptionalChild(kHeadersName, clientRequestHeaders_, clientRequestHeadersPresent_) &&
-        read.RequiredDWORD(L"MaxFileSizeForScan", maxFileSizeForScan_) &&
-        read.OptionalString(L"FileTypesToBlock", fileTypesToBlock_) &&
-        read.OptionalString(L"FileTypesToScan", fileTypesToScan_);
-    return FinishRead(*this, complete);
+    return FinishRead(*this, VisitMembers(read));
 }
 
 void CContentUploadChannel::Clear() {
@@ -86,9 +86,7 @@ void CContentUploadChannel::SetFileTypesToScan(const std::wstring* value) {
 }
 
 IContentUploadChannel* ContentUploadChannel_CreateNewInstance() {
-    IContentUploadChannel* element = new CContentUploadChannel();
-    element->Clear();
-    return element;
+    return NewClearedElement<IContentUploadChannel, CContentUploadChannel>();
 }
 
 }  // namespace VextorJSConfig

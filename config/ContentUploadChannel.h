@@ -32,6 +32,9 @@ public:
     void SetFileTypesToScan(const std::wstring* value) override;
 
 private:
+    template <class Steps>
+    bool VisitMembers(Steps& steps);
+
     // In write order. The list may keep entries while its flag is 0.
     CClientRequestHeaders clientRequestHeaders_;
     DWORD clientRequestHeadersPresent_ = 0;

@@ -15,7 +15,10 @@ namespace VextorJSConfig {
 struct OptionalDWORD {
     DWORD value = 0;
     DWORD present = 0;
-    void Clear() { value = 0; present = 0; }
+    void Clear() {
+        value = 0;
+        present = 0;
+    }
 };
 
 // An optional string attribute: the text and its presence flag. A text whose
@@ -23,12 +26,23 @@ struct OptionalDWORD {
 struct OptionalString {
     std::wstring value;
     DWORD present = 0;
-    void Clear() { value.clear(); present = 0; }
+    void Clear() {
+        value.clear();
+        present = 0;
+    }
 };
 
+// What every factory returns: a new element, put through Clear by way of its
+// interface, so that it starts from its defaults.
+template <class Interface, class Implementation>
+Interface* NewClearedElement() {
+    Interface* element = new Implementation();
+    element->Clear();
+    return element;
+}
+
 // Required DWORD setter: null is refused with the set-Attribute message.
-int SetRequiredDWORD(DWORD& member, const DWORD* value, const wchar_t* element,
-                     const wchar_t* key);
+int SetRequiredDWORD(DWORD& member, const DWORD* value, const wchar_t* element, const wchar_t* key);
 // Optional DWORD: null makes it absent (value 0).
 void SetOptionalDWORD(OptionalDWORD& member, const DWORD* value);
 int GetOptionalDWORD(const OptionalDWORD& member, DWORD* out);

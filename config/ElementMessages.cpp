@@ -24,8 +24,7 @@ std::wstring ElementText(const wchar_t* situation, const wchar_t* element) {
 }
 
 // "JSONManager: <situation> element:<element>, attr:<key>"
-std::wstring AttributeText(const wchar_t* situation, const wchar_t* element,
-                           const wchar_t* key) {
+std::wstring AttributeText(const wchar_t* situation, const wchar_t* element, const wchar_t* key) {
     return ElementText(situation, element) + L", attr:" + key;
 }
 }  // namespace

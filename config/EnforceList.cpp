@@ -12,16 +12,22 @@ constexpr const wchar_t* kProcessNames = L"ProcessNames";
 constexpr const wchar_t* kDomainLists = L"DomainLists";
 }  // namespace
 
+// The members in write order, which is also the read order: the writer and
+// the reader take the same steps.
+template <class Steps>
+bool CEnforceList::VisitMembers(Steps& steps) {
+    return steps.OptionalChild(kIPList, ipList_, ipListPresent_) &&
+           steps.OptionalString(kProcessNames, processNames_) &&
+           steps.OptionalString(kDomainLists, domainLists_);
+}
+
 CEnforceList::~CEnforceList() { CEnforceList::Clear(); }
 
 int CEnforceList::WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int /*flag*/) {
     JSONNode* node = CreateElementNode(mgr, parent, kElementName);
     if (node == nullptr) return ZELT_FAILED;
     MemberWriter write(mgr, node, kElementName);
-    const bool complete = write.OptionalChild(kIPList, ipList_, ipListPresent_) &&
-                          write.OptionalString(kProcessNames, processNames_) &&
-                          write.OptionalString(kDomainLists, domainLists_);
-    return complete ? ZELT_SUCCESS : ZELT_FAILED;
+    return VisitMembers(write) ? ZELT_SUCCESS : ZELT_FAILED;
 }
 
 int CEnforceList::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
@@ -29,10 +35,7 @@ int CEnforceList::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
     Clear();
     // Only the list can fail the read; an unreadable string stays absent.
     MemberReader read(mgr, node, kElementName);
-    const bool complete = read.OptionalChild(kIPList, ipList_, ipListPresent_) &&
-                          read.OptionalString(kProcessNames, processNames_) &&
-                          read.OptionalString(kDomainLists, domainLists_);
-    return FinishRead(*this, complete);
+    return FinishRead(*this, VisitMembers(read));
 }
 
 void CEnforceList::Clear() {
@@ -77,9 +80,7 @@ void CEnforceList::SetDomainLists(const std::wstring* value) {
 }
 
 IEnforceList* EnforceList_CreateNewInstance() {
-    IEnforceList* element = new CEnforceList();
-    element->Clear();
-    return element;
+    return NewClearedElement<IEnforceList, CEnforceList>();
 }
 
 }  // namespace VextorJSConfig

@@ -31,6 +31,9 @@ public:
     void SetDomainLists(const std::wstring* value) override;
 
 private:
+    template <class Steps>
+    bool VisitMembers(Steps& steps);
+
     // In the order of writing and reading. A list whose flag is 0 may still
     // hold entries: only Clear, CopyFrom and SetIPList replace them.
     CIPList ipList_;

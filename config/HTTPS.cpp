@@ -8,30 +8,31 @@ namespace {
 constexpr const wchar_t* kElementName = L"HTTPS";
 }  // namespace
 
+// The members in write order, which is also the read order: the writer and
+// the reader take the same steps.
+template <class Steps>
+bool CHTTPS::VisitMembers(Steps& steps) {
+    return steps.RequiredDWORD(L"InspectHostnameOnly", inspectHostnameOnly_) &&
+           steps.RequiredDWORD(L"SSLFilter", sslFilter_) &&
+           steps.RequiredDWORD(L"UpstreamVerification", upstreamVerification_) &&
+           steps.OptionalString(L"WhiteList", whiteList_) &&
+           steps.OptionalString(L"WhiteListWithPorts", whiteListWithPorts_);
+}
+
 CHTTPS::~CHTTPS() { CHTTPS::Clear(); }
 
 int CHTTPS::WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int /*flag*/) {
     JSONNode* node = CreateElementNode(mgr, parent, kElementName);
     if (node == nullptr) return ZELT_FAILED;
     MemberWriter write(mgr, node, kElementName);
-    const bool complete = write.RequiredDWORD(L"InspectHostnameOnly", inspectHostnameOnly_) &&
-                          write.RequiredDWORD(L"SSLFilter", sslFilter_) &&
-                          write.RequiredDWORD(L"UpstreamVerification", upstreamVerification_) &&
-                          write.OptionalString(L"WhiteList", whiteList_) &&
-                          write.OptionalString(L"WhiteListWithPorts", whiteListWithPorts_);
-    return complete ? ZELT_SUCCESS : ZELT_FAILED;
+    return VisitMembers(write) ? ZELT_SUCCESS : ZELT_FAILED;
 }
 
 int CHTTPS::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
     if (mgr == nullptr) return ReportFailure(Message::ReadNoManager());
     Clear();
     MemberReader read(mgr, node, kElementName);
-    const bool complete = read.RequiredDWORD(L"InspectHostnameOnly", inspectHostnameOnly_) &&
-                          read.RequiredDWORD(L"SSLFilter", sslFilter_) &&
-                          read.RequiredDWORD(L"UpstreamVerification", upstreamVerification_) &&
-                          read.OptionalString(L"WhiteList", whiteList_) &&
-                          read.OptionalString(L"WhiteListWithPorts", whiteListWithPorts_);
-    return FinishRead(*this, complete);
+    return FinishRead(*this, VisitMembers(read));
 }
 
 void CHTTPS::Clear() {
@@ -79,10 +80,6 @@ void CHTTPS::SetWhiteListWithPorts(const std::wstring* value) {
     SetOptionalString(whiteListWithPorts_, value);
 }
 
-IHTTPS* HTTPS_CreateNewInstance() {
-    IHTTPS* element = new CHTTPS();
-    element->Clear();
-    return element;
-}
+IHTTPS* HTTPS_CreateNewInstance() { return NewClearedElement<IHTTPS, CHTTPS>(); }
 
 }  // namespace VextorJSConfig

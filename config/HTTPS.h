@@ -32,6 +32,9 @@ public:
     void SetWhiteListWithPorts(const std::wstring* value) override;
 
 private:
+    template <class Steps>
+    bool VisitMembers(Steps& steps);
+
     // In write order.
     DWORD inspectHostnameOnly_ = 0;
     DWORD sslFilter_ = 0;

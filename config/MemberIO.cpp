@@ -34,7 +34,8 @@ StringRead ReadStringInTwoSteps(IJSONManager* mgr, JSONNode* node, const wchar_t
     // The second read uses a buffer of the reported length; if it cannot be
     // had, the member stays empty as for any failing second step.
     const int capacity = length;
-    std::unique_ptr<wchar_t[]> larger(new (std::nothrow) wchar_t[static_cast<std::size_t>(capacity)]);
+    std::unique_ptr<wchar_t[]> larger(new (std::nothrow)
+                                          wchar_t[static_cast<std::size_t>(capacity)]);
     if (!larger) return StringRead::SecondStepFailed;
     larger[0] = L'\0';
     if (mgr->GetStringAttribute(node, key, larger.get(), &length) != ZELT_SUCCESS)

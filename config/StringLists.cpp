@@ -198,31 +198,21 @@ template class StringList<IIPList, IIPListArray, CIPListArray, IPListNames>;
 template class StringListEntry<IVPNDescListArray, VPNDescListNames>;
 template class StringList<IVPNDescList, IVPNDescListArray, CVPNDescListArray, VPNDescListNames>;
 
-namespace {
-// Made with new and put through Clear by way of the interface.
-template <class Implementation, class Interface>
-Interface* CreateCleared() {
-    Interface* element = new Implementation();
-    element->Clear();
-    return element;
-}
-}  // namespace
-
 IClientRequestHeaders* ClientRequestHeaders_CreateNewInstance() {
-    return CreateCleared<CClientRequestHeaders, IClientRequestHeaders>();
+    return NewClearedElement<IClientRequestHeaders, CClientRequestHeaders>();
 }
 IClientRequestHeadersArray* ClientRequestHeadersArray_CreateNewInstance() {
-    return CreateCleared<CClientRequestHeadersArray, IClientRequestHeadersArray>();
+    return NewClearedElement<IClientRequestHeadersArray, CClientRequestHeadersArray>();
 }
-IIPList* IPList_CreateNewInstance() { return CreateCleared<CIPList, IIPList>(); }
+IIPList* IPList_CreateNewInstance() { return NewClearedElement<IIPList, CIPList>(); }
 IIPListArray* IPListArray_CreateNewInstance() {
-    return CreateCleared<CIPListArray, IIPListArray>();
+    return NewClearedElement<IIPListArray, CIPListArray>();
 }
 IVPNDescList* VPNDescList_CreateNewInstance() {
-    return CreateCleared<CVPNDescList, IVPNDescList>();
+    return NewClearedElement<IVPNDescList, CVPNDescList>();
 }
 IVPNDescListArray* VPNDescListArray_CreateNewInstance() {
-    return CreateCleared<CVPNDescListArray, IVPNDescListArray>();
+    return NewClearedElement<IVPNDescListArray, CVPNDescListArray>();
 }
 
 }  // namespace VextorJSConfig

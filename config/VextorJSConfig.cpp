@@ -11,6 +11,19 @@ constexpr const wchar_t* kAdvancedRuleName = L"AdvancedRule";
 constexpr const wchar_t* kContentUploadChannelName = L"ContentUploadChannel";
 }  // namespace
 
+// The members in write order, which is also the read order: the writer and
+// the reader take the same steps.
+template <class Steps>
+bool CVextorJSConfig::VisitMembers(Steps& steps) {
+    return steps.RequiredChild(kClientSettingName, clientSetting_) &&
+           steps.RequiredChild(kAdvancedRuleName, advancedRule_) &&
+           steps.RequiredChild(kContentUploadChannelName, contentUploadChannel_) &&
+           steps.RequiredString(L"ProfileName", profileName_) &&
+           steps.RequiredString(L"SchemaVersion", schemaVersion_) &&
+           steps.RequiredString(L"AdminPassword", adminPassword_) &&
+           steps.OptionalDWORD(L"EnableTrayiconMenu", enableTrayiconMenu_);
+}
+
 CVextorJSConfig::~CVextorJSConfig() { CVextorJSConfig::Clear(); }
 
 int CVextorJSConfig::WriteToJSONMgr(IJSONManager* mgr, JSONNode* /*parent*/, int /*flag*/) {
@@ -20,28 +33,14 @@ int CVextorJSConfig::WriteToJSONMgr(IJSONManager* mgr, JSONNode* /*parent*/, int
     JSONNode* node = mgr->CreateNewDocument() == ZELT_SUCCESS ? mgr->GetRootElement() : nullptr;
     if (node == nullptr) return ReportFailure(Message::ElementNodeMissing(kElementName));
     MemberWriter write(mgr, node, kElementName);
-    const bool complete = write.RequiredChild(kClientSettingName, clientSetting_) &&
-                          write.RequiredChild(kAdvancedRuleName, advancedRule_) &&
-                          write.RequiredChild(kContentUploadChannelName, contentUploadChannel_) &&
-                          write.RequiredString(L"ProfileName", profileName_) &&
-                          write.RequiredString(L"SchemaVersion", schemaVersion_) &&
-                          write.RequiredString(L"AdminPassword", adminPassword_) &&
-                          write.OptionalDWORD(L"EnableTrayiconMenu", enableTrayiconMenu_);
-    return complete ? ZELT_SUCCESS : ZELT_FAILED;
+    return VisitMembers(write) ? ZELT_SUCCESS : ZELT_FAILED;
 }
 
 int CVextorJSConfig::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
     if (mgr == nullptr) return ReportFailure(Message::ReadNoManager());
     Clear();
     MemberReader read(mgr, node, kElementName);
-    const bool complete = read.RequiredChild(kClientSettingName, clientSetting_) &&
-                          read.RequiredChild(kAdvancedRuleName, advancedRule_) &&
-                          read.RequiredChild(kContentUploadChannelName, contentUploadChannel_) &&
-                          read.RequiredString(L"ProfileName", profileName_) &&
-                          read.RequiredString(L"SchemaVersion", schemaVersion_) &&
-                          read.RequiredString(L"AdminPassword", adminPassword_) &&
-                          read.OptionalDWORD(L"EnableTrayiconMenu", enableTrayiconMenu_);
-    return FinishRead(*this, complete);
+    return FinishRead(*this, VisitMembers(read));
 }
 
 void CVextorJSConfig::Clear() {
@@ -107,9 +106,7 @@ int CVextorJSConfig::ReservedSlot20(DWORD* /*out*/) const { return ZELT_NOT_PRES
 void CVextorJSConfig::ReservedSlot21(const DWORD* /*value*/) {}
 
 IVextorJSConfig* VextorJSConfig_CreateNewInstance() {
-    IVextorJSConfig* element = new CVextorJSConfig();
-    element->Clear();
-    return element;
+    return NewClearedElement<IVextorJSConfig, CVextorJSConfig>();
 }
 
 }  // namespace VextorJSConfig

@@ -46,6 +46,9 @@ public:
     void ReservedSlot21(const DWORD* value) override;
 
 private:
+    template <class Steps>
+    bool VisitMembers(Steps& steps);
+
     // In write order: the children first.
     CClientSetting clientSetting_;
     CAdvancedRule advancedRule_;

@@ -13,17 +13,23 @@ constexpr const wchar_t* kDomainLists = L"DomainLists";
 constexpr const wchar_t* kProcessNames = L"ProcessNames";
 }  // namespace
 
+// The members in write order, which is also the read order: the writer and
+// the reader take the same steps.
+template <class Steps>
+bool CWhiteList::VisitMembers(Steps& steps) {
+    return steps.OptionalChild(kIPList, ipList_, ipListPresent_) &&
+           steps.OptionalChild(kVPNDescList, vpnDescList_, vpnDescListPresent_) &&
+           steps.OptionalString(kDomainLists, domainLists_) &&
+           steps.OptionalString(kProcessNames, processNames_);
+}
+
 CWhiteList::~CWhiteList() { CWhiteList::Clear(); }
 
 int CWhiteList::WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int /*flag*/) {
     JSONNode* node = CreateElementNode(mgr, parent, kElementName);
     if (node == nullptr) return ZELT_FAILED;
     MemberWriter write(mgr, node, kElementName);
-    const bool complete = write.OptionalChild(kIPList, ipList_, ipListPresent_) &&
-                          write.OptionalChild(kVPNDescList, vpnDescList_, vpnDescListPresent_) &&
-                          write.OptionalString(kDomainLists, domainLists_) &&
-                          write.OptionalString(kProcessNames, processNames_);
-    return complete ? ZELT_SUCCESS : ZELT_FAILED;
+    return VisitMembers(write) ? ZELT_SUCCESS : ZELT_FAILED;
 }
 
 int CWhiteList::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
@@ -31,11 +37,7 @@ int CWhiteList::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
     Clear();
     // Only the lists can fail the read; an unreadable string stays absent.
     MemberReader read(mgr, node, kElementName);
-    const bool complete = read.OptionalChild(kIPList, ipList_, ipListPresent_) &&
-                          read.OptionalChild(kVPNDescList, vpnDescList_, vpnDescListPresent_) &&
-                          read.OptionalString(kDomainLists, domainLists_) &&
-                          read.OptionalString(kProcessNames, processNames_);
-    return FinishRead(*this, complete);
+    return FinishRead(*this, VisitMembers(read));
 }
 
 void CWhiteList::Clear() {
@@ -88,10 +90,6 @@ void CWhiteList::SetProcessNames(const std::wstring* value) {
     SetOptionalString(processNames_, value);
 }
 
-IWhiteList* WhiteList_CreateNewInstance() {
-    IWhiteList* element = new CWhiteList();
-    element->Clear();
-    return element;
-}
+IWhiteList* WhiteList_CreateNewInstance() { return NewClearedElement<IWhiteList, CWhiteList>(); }
 
 }  // namespace VextorJSConfig

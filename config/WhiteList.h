@@ -33,6 +33,9 @@ public:
     void SetProcessNames(const std::wstring* value) override;
 
 private:
+    template <class Steps>
+    bool VisitMembers(Steps& steps);
+
     // In the order of writing and reading: "DomainLists" before
     // "ProcessNames", the reverse of EnforceList's order. A list whose flag
     // is 0 may still hold entries.
