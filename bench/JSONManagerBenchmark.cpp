@@ -12,9 +12,11 @@ namespace {
 // A document with one array of count strings and count integer members.
 std::string MakeDocument(int count) {
     std::string text = "{ \"List\": [";
-    for (int i = 0; i < count; ++i) text += (i ? ", \"" : " \"") + std::to_string(i) + " \\/ entry\"";
+    for (int i = 0; i < count; ++i)
+        text += (i ? ", \"" : " \"") + std::to_string(i) + " \\/ entry\"";
     text += " ]";
-    for (int i = 0; i < count; ++i) text += ", \"Member" + std::to_string(i) + "\": " + std::to_string(i);
+    for (int i = 0; i < count; ++i)
+        text += ", \"Member" + std::to_string(i) + "\": " + std::to_string(i);
     return text + " }";
 }
 
@@ -22,7 +24,8 @@ void ImportFromString(benchmark::State& state) {
     std::string text = MakeDocument(static_cast<int>(state.range(0)));
     IJSONManager* manager = zeltCreateJSONManager(nullptr, 0);
     for (auto _ : state)
-        benchmark::DoNotOptimize(manager->ImportFromJSONString(text.data(), static_cast<int>(text.size())));
+        benchmark::DoNotOptimize(
+            manager->ImportFromJSONString(text.data(), static_cast<int>(text.size())));
     zeltDestroyJSONManager(manager);
     state.SetItemsProcessed(state.iterations() * state.range(0));
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * text.size()));
@@ -51,7 +54,8 @@ void ReadEveryValue(benchmark::State& state) {
         for (int i = 0; i < count; ++i) {
             wchar_t buffer[64];
             int length = 64;
-            benchmark::DoNotOptimize(manager->GetArrayStringAttribute(list, L"List", i, buffer, &length));
+            benchmark::DoNotOptimize(
+                manager->GetArrayStringAttribute(list, L"List", i, buffer, &length));
             DWORD value = 0;
             const std::wstring name = L"Member" + std::to_wstring(i);
             benchmark::DoNotOptimize(manager->GetDWORDAttribute(nullptr, name.c_str(), &value));
@@ -86,7 +90,8 @@ void ReadLongString(benchmark::State& state) {
     std::wstring buffer(length + 2, L'\0');
     for (auto _ : state) {
         int size = static_cast<int>(buffer.size());
-        benchmark::DoNotOptimize(manager->GetStringAttribute(nullptr, L"Text", buffer.data(), &size));
+        benchmark::DoNotOptimize(
+            manager->GetStringAttribute(nullptr, L"Text", buffer.data(), &size));
     }
     zeltDestroyJSONManager(manager);
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * length));
