@@ -10,9 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "support/ElementTestSupport.h"
-#include "support/ManagerHelpers.h"
+#include "support/ElementTesting.h"
+#include "support/InterceptingManager.h"
 #include "support/MessageCapture.h"
+#include "support/VirtualSlot.h"
 
 using namespace VextorJSConfig;
 
@@ -23,8 +24,7 @@ using Values = std::vector<std::wstring>;
 ElementPtr<IEnforceList> MakeEnforceList(const Values& addresses, const std::wstring& names,
                                          const std::wstring& domains) {
     ElementPtr<IEnforceList> list(EnforceList_CreateNewInstance());
-    list->SetIPList(
-        MakeList(&IPList_CreateNewInstance, &IPListArray_CreateNewInstance, addresses).get());
+    list->SetIPList(MakeIPList(addresses).get());
     list->SetProcessNames(&names);
     list->SetDomainLists(&domains);
     return list;
@@ -33,10 +33,8 @@ ElementPtr<IEnforceList> MakeEnforceList(const Values& addresses, const std::wst
 ElementPtr<IWhiteList> MakeWhiteList(const Values& addresses, const Values& vpns,
                                      const std::wstring& domains, const std::wstring& names) {
     ElementPtr<IWhiteList> list(WhiteList_CreateNewInstance());
-    list->SetIPList(
-        MakeList(&IPList_CreateNewInstance, &IPListArray_CreateNewInstance, addresses).get());
-    list->SetVPNDescList(
-        MakeList(&VPNDescList_CreateNewInstance, &VPNDescListArray_CreateNewInstance, vpns).get());
+    list->SetIPList(MakeIPList(addresses).get());
+    list->SetVPNDescList(MakeVPNDescList(vpns).get());
     list->SetDomainLists(&domains);
     list->SetProcessNames(&names);
     return list;
@@ -70,17 +68,10 @@ const char kFullRule[] =
 class AdvancedRuleTest : public ::testing::Test {
 protected:
     int ReadFromText(const std::string& text) {
-        DocumentPtr manager = DocumentManager(text);
-        return rule->ReadFromJSONMgr(manager.get(), manager->GetElement(nullptr, L"AdvancedRule"));
+        return ReadFromDocument(*rule, text, L"AdvancedRule");
     }
 
     void ReadFrom(const std::string& text) { ASSERT_EQ(ReadFromText(text), ZELT_SUCCESS); }
-
-    std::string WrittenText() {
-        DocumentPtr manager = DocumentManager("{}");
-        EXPECT_EQ(rule->WriteToJSONMgr(manager.get(), manager->GetRootElement(), 1), ZELT_SUCCESS);
-        return SavedText(*manager);
-    }
 
     void Fill() {
         const DWORD one = 1, zero = 0, largest = 4294967295u;
@@ -147,7 +138,7 @@ TEST_F(AdvancedRuleTest, SwitchesArePresentOnlyAfterASet) {
     out = 12345;
     EXPECT_EQ(rule->GetBypassLocalIP(&out), ZELT_NOT_PRESENT);
     EXPECT_EQ(out, 12345u);
-    EXPECT_EQ(WrittenText(), R"({ "AdvancedRule": { } })");
+    EXPECT_EQ(WrittenText(*rule), R"({ "AdvancedRule": { } })");
     EXPECT_TRUE(capture.Messages().empty());
 }
 
@@ -166,7 +157,7 @@ TEST_F(AdvancedRuleTest, SetListStoresACopyAndGetHandsOutTheEmbeddedChild) {
     const std::wstring changed = L"changed";
     embedded->SetDomainLists(&changed);
     EXPECT_EQ(
-        WrittenText(),
+        WrittenText(*rule),
         R"({ "AdvancedRule": { "EnforceList": { "IPList": [ "1.1.1.1" ], "ProcessNames": "p", "DomainLists": "changed" } } })");
 }
 
@@ -183,13 +174,13 @@ TEST_F(AdvancedRuleTest, NullListHidesTheChildButKeepsItsContent) {
     EXPECT_EQ(rule->GetEnforceList(&absentEnforce), ZELT_NOT_PRESENT);
     EXPECT_EQ(absentEnforce, nullptr);
     EXPECT_EQ(
-        WrittenText(),
+        WrittenText(*rule),
         R"({ "AdvancedRule": { "EnforceProxyServer": 1, "BypassPrivateIP": 0, "BypassLocalIP": -1 } })");
 
     // Handing back the embedded children themselves makes them present again.
     rule->SetEnforceList(enforce);
     rule->SetWhiteList(white);
-    EXPECT_EQ(WrittenText(), kFullRule);
+    EXPECT_EQ(WrittenText(*rule), kFullRule);
 }
 
 TEST_F(AdvancedRuleTest, ClearEmptiesEvenHiddenChildren) {
@@ -206,13 +197,13 @@ TEST_F(AdvancedRuleTest, ClearEmptiesEvenHiddenChildren) {
 }
 
 TEST_F(AdvancedRuleTest, FreshElementWritesAnEmptyObject) {
-    EXPECT_EQ(WrittenText(), R"({ "AdvancedRule": { } })");
+    EXPECT_EQ(WrittenText(*rule), R"({ "AdvancedRule": { } })");
     EXPECT_TRUE(capture.Messages().empty());
 }
 
 TEST_F(AdvancedRuleTest, WritesEveryMemberInOrder) {
     Fill();
-    EXPECT_EQ(WrittenText(), kFullRule);
+    EXPECT_EQ(WrittenText(*rule), kFullRule);
     EXPECT_TRUE(capture.Messages().empty());
 }
 
@@ -232,8 +223,8 @@ struct WriteFailure {
 // Printed as the failure it describes, so that test names stay the same
 // from run to run.
 void PrintTo(const WriteFailure& failure, std::ostream* out) {
-    if (failure.failingAdd != nullptr) *out << "Add" << NarrowForPrinting(failure.failingAdd);
-    if (failure.failingSet != nullptr) *out << "Set" << NarrowForPrinting(failure.failingSet);
+    if (failure.failingAdd != nullptr) *out << "Add" << Narrow(failure.failingAdd);
+    if (failure.failingSet != nullptr) *out << "Set" << Narrow(failure.failingSet);
 }
 
 class AdvancedRuleWriteFailureTest : public AdvancedRuleTest,
@@ -241,13 +232,13 @@ class AdvancedRuleWriteFailureTest : public AdvancedRuleTest,
 
 TEST_P(AdvancedRuleWriteFailureTest, StopsAtTheFailingMemberAndKeepsWhatWasWritten) {
     Fill();
-    DocumentPtr real = DocumentManager("{}");
-    FaultInjectingManager manager(*real);
-    if (GetParam().failingAdd != nullptr) manager.failAddElement.insert(GetParam().failingAdd);
-    if (GetParam().failingSet != nullptr) manager.failSetAttribute.insert(GetParam().failingSet);
-    EXPECT_EQ(rule->WriteToJSONMgr(&manager, real->GetRootElement(), 1), ZELT_FAILED);
+    InterceptingManager manager(ManagerWithText("{}"));
+    IJSONManager& real = manager.Inner();
+    if (GetParam().failingAdd != nullptr) manager.refusedElements.insert(GetParam().failingAdd);
+    if (GetParam().failingSet != nullptr) manager.failingAttributes.insert(GetParam().failingSet);
+    EXPECT_EQ(rule->WriteToJSONMgr(&manager, real.GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(), GetParam().messages);
-    EXPECT_EQ(SavedText(*real), GetParam().partialDocument);
+    EXPECT_EQ(SavedText(real), GetParam().partialDocument);
 }
 
 const char kBothListsWritten[] =
@@ -322,14 +313,14 @@ TEST_F(AdvancedRuleTest, ReadsEveryMember) {
     EXPECT_EQ(rule->GetBypassLocalIP(&value), ZELT_SUCCESS);
     EXPECT_EQ(value, 4294967295u);
     EXPECT_TRUE(capture.Messages().empty());
-    EXPECT_EQ(WrittenText(), kFullRule);
+    EXPECT_EQ(WrittenText(*rule), kFullRule);
 }
 
 TEST_F(AdvancedRuleTest, EmptyObjectReadsWithEverythingAbsentAndWritesBackEmpty) {
     Fill();
     ReadFrom(R"({ "AdvancedRule": { } })");
     ExpectCleared();
-    EXPECT_EQ(WrittenText(), R"({ "AdvancedRule": { } })");
+    EXPECT_EQ(WrittenText(*rule), R"({ "AdvancedRule": { } })");
     EXPECT_TRUE(capture.Messages().empty());
 }
 
@@ -382,7 +373,7 @@ TEST_F(AdvancedRuleTest, ReadWithoutManagerFailsAndKeepsTheElement) {
     EXPECT_EQ(rule->ReadFromJSONMgr(nullptr, nullptr), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(),
               Messages{L"JSONManager: ReadFromJSONMgr require xmlmanager pointer is NULL."});
-    EXPECT_EQ(WrittenText(), kFullRule);
+    EXPECT_EQ(WrittenText(*rule), kFullRule);
 }
 
 struct ReadFailure {
@@ -443,9 +434,7 @@ TEST_F(AdvancedRuleTest, CopyFromMakesAnIndependentCopy) {
     rule->SetBypassLocalIP(nullptr);
     rule->SetWhiteList(nullptr);
 
-    DocumentPtr manager = DocumentManager("{}");
-    EXPECT_EQ(copy->WriteToJSONMgr(manager.get(), manager->GetRootElement(), 1), ZELT_SUCCESS);
-    EXPECT_EQ(SavedText(*manager), kFullRule);
+    EXPECT_EQ(WrittenText(*copy), kFullRule);
 }
 
 TEST_F(AdvancedRuleTest, CopyFromCarriesHiddenChildrenAlong) {
@@ -462,15 +451,13 @@ TEST_F(AdvancedRuleTest, CopyFromCarriesHiddenChildrenAlong) {
     EXPECT_EQ(copy->GetEnforceList(&out), ZELT_NOT_PRESENT);
     EXPECT_EQ(AddressesOf(*copiedEnforce), (Values{L"10.0.0.0/8", L"fd00::/8"}));
     copy->SetEnforceList(copiedEnforce);
-    DocumentPtr manager = DocumentManager("{}");
-    EXPECT_EQ(copy->WriteToJSONMgr(manager.get(), manager->GetRootElement(), 1), ZELT_SUCCESS);
-    EXPECT_EQ(SavedText(*manager), kFullRule);
+    EXPECT_EQ(WrittenText(*copy), kFullRule);
 }
 
 TEST_F(AdvancedRuleTest, CopyFromItselfChangesNothing) {
     Fill();
     rule->CopyFrom(*rule);
-    EXPECT_EQ(WrittenText(), kFullRule);
+    EXPECT_EQ(WrittenText(*rule), kFullRule);
 }
 
 TEST_F(AdvancedRuleTest, CopyFromAClearedElementClearsTheTarget) {

@@ -9,9 +9,10 @@
 #include <ostream>
 #include <string>
 
-#include "support/ElementTestSupport.h"
-#include "support/ManagerHelpers.h"
+#include "support/ElementTesting.h"
+#include "support/InterceptingManager.h"
 #include "support/MessageCapture.h"
+#include "support/VirtualSlot.h"
 
 using namespace VextorJSConfig;
 
@@ -38,19 +39,10 @@ std::string FullClientSetting() {
 class ClientSettingTest : public ::testing::Test {
 protected:
     int ReadFromText(const std::string& text) {
-        DocumentPtr manager = DocumentManager(text);
-        return setting->ReadFromJSONMgr(manager.get(),
-                                        manager->GetElement(nullptr, L"ClientSetting"));
+        return ReadFromDocument(*setting, text, L"ClientSetting");
     }
 
     void ReadFrom(const std::string& text) { ASSERT_EQ(ReadFromText(text), ZELT_SUCCESS); }
-
-    std::string WrittenText() {
-        DocumentPtr manager = DocumentManager("{}");
-        EXPECT_EQ(setting->WriteToJSONMgr(manager.get(), manager->GetRootElement(), 1),
-                  ZELT_SUCCESS);
-        return SavedText(*manager);
-    }
 
     void Fill() {
         const DWORD interval = 3600, logs = 600, management = 300;
@@ -93,7 +85,7 @@ protected:
         EXPECT_EQ(setting->GetSafeMode(&out), ZELT_NOT_PRESENT);
         EXPECT_EQ(setting->GetStatsPeriod(&out), ZELT_NOT_PRESENT);
         EXPECT_EQ(out, 12345u);
-        EXPECT_EQ(WrittenText(), kFreshClientSetting);
+        EXPECT_EQ(WrittenText(*setting), kFreshClientSetting);
     }
 
     MessageCapture capture;
@@ -208,13 +200,13 @@ TEST_F(ClientSettingTest, ClearResetsEveryMemberAndBothChildren) {
 }
 
 TEST_F(ClientSettingTest, FreshElementWritesBothChildrenAndTheRequiredValues) {
-    EXPECT_EQ(WrittenText(), kFreshClientSetting);
+    EXPECT_EQ(WrittenText(*setting), kFreshClientSetting);
     EXPECT_TRUE(capture.Messages().empty());
 }
 
 TEST_F(ClientSettingTest, WritesEveryMemberInOrder) {
     Fill();
-    EXPECT_EQ(WrittenText(), FullClientSetting());
+    EXPECT_EQ(WrittenText(*setting), FullClientSetting());
     EXPECT_TRUE(capture.Messages().empty());
 }
 
@@ -234,8 +226,8 @@ struct WriteFailure {
 // Printed as the failure it describes, so that test names stay the same
 // from run to run.
 void PrintTo(const WriteFailure& failure, std::ostream* out) {
-    if (failure.failingAdd != nullptr) *out << "Add" << NarrowForPrinting(failure.failingAdd);
-    if (failure.failingSet != nullptr) *out << "Set" << NarrowForPrinting(failure.failingSet);
+    if (failure.failingAdd != nullptr) *out << "Add" << Narrow(failure.failingAdd);
+    if (failure.failingSet != nullptr) *out << "Set" << Narrow(failure.failingSet);
 }
 
 class ClientSettingWriteFailureTest : public ClientSettingTest,
@@ -243,13 +235,13 @@ class ClientSettingWriteFailureTest : public ClientSettingTest,
 
 TEST_P(ClientSettingWriteFailureTest, StopsAtTheFailingMemberAndKeepsWhatWasWritten) {
     Fill();
-    DocumentPtr real = DocumentManager("{}");
-    FaultInjectingManager manager(*real);
-    if (GetParam().failingAdd != nullptr) manager.failAddElement.insert(GetParam().failingAdd);
-    if (GetParam().failingSet != nullptr) manager.failSetAttribute.insert(GetParam().failingSet);
-    EXPECT_EQ(setting->WriteToJSONMgr(&manager, real->GetRootElement(), 1), ZELT_FAILED);
+    InterceptingManager manager(ManagerWithText("{}"));
+    IJSONManager& real = manager.Inner();
+    if (GetParam().failingAdd != nullptr) manager.refusedElements.insert(GetParam().failingAdd);
+    if (GetParam().failingSet != nullptr) manager.failingAttributes.insert(GetParam().failingSet);
+    EXPECT_EQ(setting->WriteToJSONMgr(&manager, real.GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(), GetParam().messages);
-    EXPECT_EQ(SavedText(*real), GetParam().partialDocument);
+    EXPECT_EQ(SavedText(real), GetParam().partialDocument);
 }
 
 const std::string kChildrenWritten =
@@ -341,7 +333,7 @@ TEST_F(ClientSettingTest, ReadsEveryMember) {
     EXPECT_EQ(setting->GetStatsPeriod(&value), ZELT_SUCCESS);
     EXPECT_EQ(value, 900u);
     EXPECT_TRUE(capture.Messages().empty());
-    EXPECT_EQ(WrittenText(), FullClientSetting());
+    EXPECT_EQ(WrittenText(*setting), FullClientSetting());
 }
 
 TEST_F(ClientSettingTest, RequiredMembersAloneReadWithTheOptionalOnesAbsent) {
@@ -356,7 +348,7 @@ TEST_F(ClientSettingTest, RequiredMembersAloneReadWithTheOptionalOnesAbsent) {
     EXPECT_EQ(setting->GetStatsPeriod(&value), ZELT_NOT_PRESENT);
     EXPECT_EQ(value, 12345u);
     EXPECT_TRUE(capture.Messages().empty());
-    EXPECT_EQ(WrittenText(), text);
+    EXPECT_EQ(WrittenText(*setting), text);
 }
 
 TEST_F(ClientSettingTest, ReadWithoutManagerFailsAndKeepsTheElement) {
@@ -364,7 +356,7 @@ TEST_F(ClientSettingTest, ReadWithoutManagerFailsAndKeepsTheElement) {
     EXPECT_EQ(setting->ReadFromJSONMgr(nullptr, nullptr), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(),
               Messages{L"JSONManager: ReadFromJSONMgr require xmlmanager pointer is NULL."});
-    EXPECT_EQ(WrittenText(), FullClientSetting());
+    EXPECT_EQ(WrittenText(*setting), FullClientSetting());
 }
 
 struct ReadFailure {
@@ -453,15 +445,13 @@ TEST_F(ClientSettingTest, CopyFromMakesAnIndependentCopy) {
     const DWORD nine = 9;
     setting->SetContentUpload(&nine);
 
-    DocumentPtr manager = DocumentManager("{}");
-    EXPECT_EQ(copy->WriteToJSONMgr(manager.get(), manager->GetRootElement(), 1), ZELT_SUCCESS);
-    EXPECT_EQ(SavedText(*manager), FullClientSetting());
+    EXPECT_EQ(WrittenText(*copy), FullClientSetting());
 }
 
 TEST_F(ClientSettingTest, CopyFromItselfChangesNothing) {
     Fill();
     setting->CopyFrom(*setting);
-    EXPECT_EQ(WrittenText(), FullClientSetting());
+    EXPECT_EQ(WrittenText(*setting), FullClientSetting());
 }
 
 TEST_F(ClientSettingTest, CopyFromAClearedElementClearsTheTarget) {

@@ -1,7 +1,9 @@
 // Tests of Communication: accessors, writing, reading, copying and the
 // messages of every failure.
 #include "support/ElementTesting.h"
+#include "support/InterceptingManager.h"
 #include "support/MessageCapture.h"
+#include "support/VirtualSlot.h"
 
 #include <zelt/zelt.h>
 
@@ -16,7 +18,6 @@ using namespace VextorJSConfig;
 namespace {
 
 using CommunicationPtr = std::unique_ptr<ICommunication>;
-using Messages = std::vector<std::wstring>;
 
 CommunicationPtr NewCommunication() { return CommunicationPtr(Communication_CreateNewInstance()); }
 
@@ -84,8 +85,7 @@ void ExpectCleared(ICommunication& element) {
 
 // Reads the "Communication" member of the document text into element.
 int ReadFromText(ICommunication& element, const std::string& text) {
-    ManagerPtr mgr = ManagerFromText(text);
-    return element.ReadFromJSONMgr(mgr.get(), mgr->GetElement(nullptr, L"Communication"));
+    return ReadFromDocument(element, text, L"Communication");
 }
 
 const std::string kMinimalText =
@@ -95,27 +95,27 @@ const std::string kMinimalText =
 }  // namespace
 
 TEST(CommunicationTest, VirtualSlotsAreInContractOrder) {
-    EXPECT_SLOT(1, &ICommunication::WriteToJSONMgr);
-    EXPECT_SLOT(2, &ICommunication::ReadFromJSONMgr);
-    EXPECT_SLOT(3, &ICommunication::Clear);
-    EXPECT_SLOT(4, &ICommunication::CopyFrom);
-    EXPECT_SLOT(5, &ICommunication::GetElementType);
-    EXPECT_SLOT(6, &ICommunication::GetAutoUpgradeQueryInterval);
-    EXPECT_SLOT(7, &ICommunication::SetAutoUpgradeQueryInterval);
-    EXPECT_SLOT(8, &ICommunication::GetDispServerHostname);
-    EXPECT_SLOT(9, &ICommunication::SetDispServerHostname);
-    EXPECT_SLOT(10, &ICommunication::GetLogServerHostname);
-    EXPECT_SLOT(11, &ICommunication::SetLogServerHostname);
-    EXPECT_SLOT(12, &ICommunication::GetEventLogUploadURL);
-    EXPECT_SLOT(13, &ICommunication::SetEventLogUploadURL);
-    EXPECT_SLOT(14, &ICommunication::GetAutoupgradeURI);
-    EXPECT_SLOT(15, &ICommunication::SetAutoupgradeURI);
-    EXPECT_SLOT(16, &ICommunication::GetLogUploadInterval);
-    EXPECT_SLOT(17, &ICommunication::SetLogUploadInterval);
-    EXPECT_SLOT(18, &ICommunication::GetManagementQueryInterval);
-    EXPECT_SLOT(19, &ICommunication::SetManagementQueryInterval);
-    EXPECT_SLOT(20, &ICommunication::GetEnablePII);
-    EXPECT_SLOT(21, &ICommunication::SetEnablePII);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::WriteToJSONMgr), 1);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::ReadFromJSONMgr), 2);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::Clear), 3);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::CopyFrom), 4);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::GetElementType), 5);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::GetAutoUpgradeQueryInterval), 6);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::SetAutoUpgradeQueryInterval), 7);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::GetDispServerHostname), 8);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::SetDispServerHostname), 9);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::GetLogServerHostname), 10);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::SetLogServerHostname), 11);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::GetEventLogUploadURL), 12);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::SetEventLogUploadURL), 13);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::GetAutoupgradeURI), 14);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::SetAutoupgradeURI), 15);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::GetLogUploadInterval), 16);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::SetLogUploadInterval), 17);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::GetManagementQueryInterval), 18);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::SetManagementQueryInterval), 19);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::GetEnablePII), 20);
+    EXPECT_EQ(VirtualSlotOf(&ICommunication::SetEnablePII), 21);
 }
 
 TEST(CommunicationTest, FactoryGivesAClearedOrdinaryElement) {
@@ -260,7 +260,7 @@ TEST(CommunicationTest, WriteWithoutManagerFails) {
 TEST(CommunicationTest, WriteFailsWhenItsObjectIsNotCreated) {
     MessageCapture capture;
     CommunicationPtr element = FilledCommunication();
-    ManagerPtr mgr = ManagerWithoutDocument();
+    ManagerPtr mgr = NewManager();
     EXPECT_EQ(element->WriteToJSONMgr(mgr.get(), nullptr, 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(),
               Messages{L"JSONManager: required element pointer is NULL. element: Communication"});
@@ -324,7 +324,7 @@ TEST(CommunicationTest, EachFailingAttributeWriteGivesItsMessage) {
         SCOPED_TRACE(Narrow(c.key));
         MessageCapture capture;
         CommunicationPtr element = FilledCommunication();
-        ScriptedManager mgr(ManagerWithEmptyDocument());
+        InterceptingManager mgr(ManagerWithEmptyDocument());
         mgr.failingAttributes.insert(c.key);
         EXPECT_EQ(element->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_FAILED);
         EXPECT_EQ(capture.Messages(), Messages{c.message});
@@ -451,8 +451,8 @@ TEST(CommunicationTest, StringsOfEveryLengthAreReadWhole) {
 
 TEST(CommunicationTest, ALogServerHostnameOf3000CharactersTakesTheSecondBuffer) {
     const std::wstring log = LongText(3000);
-    ScriptedManager mgr(
-        ManagerFromText("{ \"DispServerHostname\": \"d\", \"LogServerHostname\": \"" + Narrow(log) +
+    InterceptingManager mgr(
+        ManagerWithText("{ \"DispServerHostname\": \"d\", \"LogServerHostname\": \"" + Narrow(log) +
                         "\", \"LogUploadInterval\": 5, "
                         "\"ManagementQueryInterval\": 6 }"));
     CommunicationPtr element = NewCommunication();
@@ -482,7 +482,7 @@ TEST(CommunicationTest, WriteSaveImportAndReadGiveTheSameElement) {
     ASSERT_EQ(source->WriteToJSONMgr(written.get(), written->GetRootElement(), 1), ZELT_SUCCESS);
     ASSERT_EQ(written->SaveToJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
 
-    ManagerPtr imported = ManagerWithoutDocument();
+    ManagerPtr imported = NewManager();
     ASSERT_EQ(imported->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
     CommunicationPtr read = NewCommunication();
     ASSERT_EQ(

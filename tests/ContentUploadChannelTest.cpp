@@ -10,9 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "support/ElementTestSupport.h"
-#include "support/ManagerHelpers.h"
+#include "support/ElementTesting.h"
+#include "support/InterceptingManager.h"
 #include "support/MessageCapture.h"
+#include "support/VirtualSlot.h"
 
 using namespace VextorJSConfig;
 
@@ -20,33 +21,20 @@ namespace {
 
 using Values = std::vector<std::wstring>;
 
-ElementPtr<IClientRequestHeaders> MakeHeaders(const Values& values) {
-    return MakeList(&ClientRequestHeaders_CreateNewInstance,
-                    &ClientRequestHeadersArray_CreateNewInstance, values);
-}
-
 class ContentUploadChannelTest : public ::testing::Test {
 protected:
     int ReadFromText(const std::string& text) {
-        DocumentPtr manager = DocumentManager(text);
-        return channel->ReadFromJSONMgr(manager.get(),
-                                        manager->GetElement(nullptr, L"ContentUploadChannel"));
+        return ReadFromDocument(*channel, text, L"ContentUploadChannel");
     }
 
     void ReadFrom(const std::string& text) { ASSERT_EQ(ReadFromText(text), ZELT_SUCCESS); }
-
-    std::string WrittenText() {
-        DocumentPtr manager = DocumentManager("{}");
-        EXPECT_EQ(channel->WriteToJSONMgr(manager.get(), manager->GetRootElement(), 1),
-                  ZELT_SUCCESS);
-        return SavedText(*manager);
-    }
 
     void Fill() {
         const DWORD size = 52428800;
         const std::wstring block = L"exe;dll";
         const std::wstring scan = L"pdf;zip";
-        channel->SetClientRequestHeaders(MakeHeaders({L"X-One: 1", L"X-Two: 2"}).get());
+        channel->SetClientRequestHeaders(
+            MakeClientRequestHeaders({L"X-One: 1", L"X-Two: 2"}).get());
         channel->SetMaxFileSizeForScan(&size);
         channel->SetFileTypesToBlock(&block);
         channel->SetFileTypesToScan(&scan);
@@ -126,7 +114,7 @@ TEST_F(ContentUploadChannelTest, OptionalTextsArePresentOnlyAfterASet) {
 }
 
 TEST_F(ContentUploadChannelTest, SetHeadersStoresACopyAndGetHandsOutTheEmbeddedList) {
-    ElementPtr<IClientRequestHeaders> source = MakeHeaders({L"a", L"b"});
+    ElementPtr<IClientRequestHeaders> source = MakeClientRequestHeaders({L"a", L"b"});
     channel->SetClientRequestHeaders(source.get());
     IClientRequestHeaders* embedded = nullptr;
     ASSERT_EQ(channel->GetClientRequestHeaders(&embedded), ZELT_SUCCESS);
@@ -138,12 +126,12 @@ TEST_F(ContentUploadChannelTest, SetHeadersStoresACopyAndGetHandsOutTheEmbeddedL
     embedded->RemoveItem(0);
     EXPECT_EQ(Headers(), (Values{L"b"}));
     EXPECT_EQ(
-        WrittenText(),
+        WrittenText(*channel),
         R"({ "ContentUploadChannel": { "ClientRequestHeaders": [ "b" ], "MaxFileSizeForScan": 0 } })");
 }
 
 TEST_F(ContentUploadChannelTest, NullHeadersHideTheListButKeepItsEntries) {
-    channel->SetClientRequestHeaders(MakeHeaders({L"a", L"b"}).get());
+    channel->SetClientRequestHeaders(MakeClientRequestHeaders({L"a", L"b"}).get());
     IClientRequestHeaders* embedded = nullptr;
     ASSERT_EQ(channel->GetClientRequestHeaders(&embedded), ZELT_SUCCESS);
 
@@ -151,7 +139,7 @@ TEST_F(ContentUploadChannelTest, NullHeadersHideTheListButKeepItsEntries) {
     IClientRequestHeaders* out = nullptr;
     EXPECT_EQ(channel->GetClientRequestHeaders(&out), ZELT_NOT_PRESENT);
     EXPECT_EQ(out, nullptr);
-    EXPECT_EQ(WrittenText(), R"({ "ContentUploadChannel": { "MaxFileSizeForScan": 0 } })");
+    EXPECT_EQ(WrittenText(*channel), R"({ "ContentUploadChannel": { "MaxFileSizeForScan": 0 } })");
 
     // Handing back the embedded list itself makes the same entries present.
     channel->SetClientRequestHeaders(embedded);
@@ -170,21 +158,21 @@ TEST_F(ContentUploadChannelTest, ClearEmptiesEvenAHiddenList) {
 }
 
 TEST_F(ContentUploadChannelTest, FreshElementWritesOnlyTheSize) {
-    EXPECT_EQ(WrittenText(), R"({ "ContentUploadChannel": { "MaxFileSizeForScan": 0 } })");
+    EXPECT_EQ(WrittenText(*channel), R"({ "ContentUploadChannel": { "MaxFileSizeForScan": 0 } })");
     EXPECT_TRUE(capture.Messages().empty());
 }
 
 TEST_F(ContentUploadChannelTest, WritesEveryMemberInOrder) {
     Fill();
-    EXPECT_EQ(WrittenText(), kFullChannel);
+    EXPECT_EQ(WrittenText(*channel), kFullChannel);
     EXPECT_TRUE(capture.Messages().empty());
 }
 
 TEST_F(ContentUploadChannelTest, PresentEmptyListWritesNothing) {
-    channel->SetClientRequestHeaders(MakeHeaders({}).get());
+    channel->SetClientRequestHeaders(MakeClientRequestHeaders({}).get());
     IClientRequestHeaders* embedded = nullptr;
     EXPECT_EQ(channel->GetClientRequestHeaders(&embedded), ZELT_SUCCESS);
-    EXPECT_EQ(WrittenText(), R"({ "ContentUploadChannel": { "MaxFileSizeForScan": 0 } })");
+    EXPECT_EQ(WrittenText(*channel), R"({ "ContentUploadChannel": { "MaxFileSizeForScan": 0 } })");
 }
 
 TEST_F(ContentUploadChannelTest, WriteWithoutManagerFails) {
@@ -203,8 +191,8 @@ struct WriteFailure {
 // Printed as the failure it describes, so that test names stay the same
 // from run to run.
 void PrintTo(const WriteFailure& failure, std::ostream* out) {
-    if (failure.failingAdd != nullptr) *out << "Add" << NarrowForPrinting(failure.failingAdd);
-    if (failure.failingSet != nullptr) *out << "Set" << NarrowForPrinting(failure.failingSet);
+    if (failure.failingAdd != nullptr) *out << "Add" << Narrow(failure.failingAdd);
+    if (failure.failingSet != nullptr) *out << "Set" << Narrow(failure.failingSet);
 }
 
 class ContentUploadChannelWriteFailureTest : public ContentUploadChannelTest,
@@ -212,13 +200,13 @@ class ContentUploadChannelWriteFailureTest : public ContentUploadChannelTest,
 
 TEST_P(ContentUploadChannelWriteFailureTest, StopsAtTheFailingMemberAndKeepsWhatWasWritten) {
     Fill();
-    DocumentPtr real = DocumentManager("{}");
-    FaultInjectingManager manager(*real);
-    if (GetParam().failingAdd != nullptr) manager.failAddElement.insert(GetParam().failingAdd);
-    if (GetParam().failingSet != nullptr) manager.failSetAttribute.insert(GetParam().failingSet);
-    EXPECT_EQ(channel->WriteToJSONMgr(&manager, real->GetRootElement(), 1), ZELT_FAILED);
+    InterceptingManager manager(ManagerWithText("{}"));
+    IJSONManager& real = manager.Inner();
+    if (GetParam().failingAdd != nullptr) manager.refusedElements.insert(GetParam().failingAdd);
+    if (GetParam().failingSet != nullptr) manager.failingAttributes.insert(GetParam().failingSet);
+    EXPECT_EQ(channel->WriteToJSONMgr(&manager, real.GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(), GetParam().messages);
-    EXPECT_EQ(SavedText(*real), GetParam().partialDocument);
+    EXPECT_EQ(SavedText(real), GetParam().partialDocument);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -274,7 +262,7 @@ TEST_F(ContentUploadChannelTest, ReadsEveryMember) {
     EXPECT_EQ(channel->GetFileTypesToScan(&out), ZELT_SUCCESS);
     EXPECT_EQ(out, L"pdf;zip");
     EXPECT_TRUE(capture.Messages().empty());
-    EXPECT_EQ(WrittenText(), kFullChannel);
+    EXPECT_EQ(WrittenText(*channel), kFullChannel);
 }
 
 TEST_F(ContentUploadChannelTest, SizeAloneReadsWithEverythingElseAbsent) {
@@ -307,7 +295,7 @@ TEST_F(ContentUploadChannelTest, EmptyHeaderArrayReadsAsPresentAndIsNotWrittenBa
     ReadFrom(
         R"({ "ContentUploadChannel": { "ClientRequestHeaders": [ ], "MaxFileSizeForScan": 0 } })");
     EXPECT_EQ(Headers(), Values{});
-    EXPECT_EQ(WrittenText(), R"({ "ContentUploadChannel": { "MaxFileSizeForScan": 0 } })");
+    EXPECT_EQ(WrittenText(*channel), R"({ "ContentUploadChannel": { "MaxFileSizeForScan": 0 } })");
 }
 
 TEST_F(ContentUploadChannelTest, NonIntegerSizeReadsAsTheManagerConvertsIt) {
@@ -324,7 +312,7 @@ TEST_F(ContentUploadChannelTest, PresentEmptyTextsReadAsPresentAndWriteBack) {
     std::wstring out = L"untouched";
     EXPECT_EQ(channel->GetFileTypesToBlock(&out), ZELT_SUCCESS);
     EXPECT_EQ(out, L"");
-    EXPECT_EQ(WrittenText(), text);
+    EXPECT_EQ(WrittenText(*channel), text);
 }
 
 TEST_F(ContentUploadChannelTest, LongTextsArriveWhole) {
@@ -339,16 +327,15 @@ TEST_F(ContentUploadChannelTest, LongTextsArriveWhole) {
 }
 
 TEST_F(ContentUploadChannelTest, UnreadableTextsStayAbsentAndTheReadSucceeds) {
-    DocumentPtr real = DocumentManager(
+    InterceptingManager manager(ManagerWithText(
         R"({ "ContentUploadChannel": { "MaxFileSizeForScan": 3, "FileTypesToBlock": ")" +
-        std::string(2000, 'b') + R"(", "FileTypesToScan": "pdf" } })");
-    FaultInjectingManager manager(*real);
-    manager.failLargeStringRead.insert(L"FileTypesToBlock");
-    manager.scriptedStringRead[L"FileTypesToScan"] = {ZELT_BUFFER_TOO_SMALL, 1024};
-    EXPECT_EQ(
-        channel->ReadFromJSONMgr(&manager, real->GetElement(nullptr, L"ContentUploadChannel")),
-        ZELT_SUCCESS);
-    EXPECT_EQ(manager.largeStringReads, 1);
+        std::string(2000, 'b') + R"(", "FileTypesToScan": "pdf" } })"));
+    IJSONManager& real = manager.Inner();
+    manager.failingLargeStringReads.insert(L"FileTypesToBlock");
+    manager.stringRepliesByName[L"FileTypesToScan"] = {ZELT_BUFFER_TOO_SMALL, 1024, L""};
+    EXPECT_EQ(channel->ReadFromJSONMgr(&manager, real.GetElement(nullptr, L"ContentUploadChannel")),
+              ZELT_SUCCESS);
+    EXPECT_EQ(manager.failedLargeStringReads, 1);
     std::wstring out = L"untouched";
     EXPECT_EQ(channel->GetFileTypesToBlock(&out), ZELT_NOT_PRESENT);
     EXPECT_EQ(channel->GetFileTypesToScan(&out), ZELT_NOT_PRESENT);
@@ -445,11 +432,11 @@ TEST_F(ContentUploadChannelTest, CopyFromMakesAnIndependentCopy) {
 }
 
 TEST_F(ContentUploadChannelTest, CopyFromCarriesAHiddenListAlong) {
-    channel->SetClientRequestHeaders(MakeHeaders({L"hidden"}).get());
+    channel->SetClientRequestHeaders(MakeClientRequestHeaders({L"hidden"}).get());
     channel->SetClientRequestHeaders(nullptr);
 
     ElementPtr<IContentUploadChannel> copy(ContentUploadChannel_CreateNewInstance());
-    copy->SetClientRequestHeaders(MakeHeaders({L"old"}).get());
+    copy->SetClientRequestHeaders(MakeClientRequestHeaders({L"old"}).get());
     IClientRequestHeaders* copiedHeaders = nullptr;
     ASSERT_EQ(copy->GetClientRequestHeaders(&copiedHeaders), ZELT_SUCCESS);
 
@@ -463,7 +450,7 @@ TEST_F(ContentUploadChannelTest, CopyFromItselfChangesNothing) {
     Fill();
     channel->CopyFrom(*channel);
     EXPECT_EQ(Headers(), (Values{L"X-One: 1", L"X-Two: 2"}));
-    EXPECT_EQ(WrittenText(), kFullChannel);
+    EXPECT_EQ(WrittenText(*channel), kFullChannel);
 }
 
 TEST_F(ContentUploadChannelTest, CopyFromAClearedElementClearsTheTarget) {

@@ -1,7 +1,8 @@
 // Tests of the machinery that every element shares: the two-step string read,
 // the order and type codes of attribute writes, and message delivery. They
-// drive Communication and a list entry through a ScriptedManager.
+// drive Communication and a list entry through an InterceptingManager.
 #include "support/ElementTesting.h"
+#include "support/InterceptingManager.h"
 #include "support/MessageCapture.h"
 
 #include <zelt/zelt.h>
@@ -17,8 +18,7 @@ using namespace VextorJSConfig;
 namespace {
 
 using CommunicationPtr = std::unique_ptr<ICommunication>;
-using Messages = std::vector<std::wstring>;
-using Reply = ScriptedManager::StringReply;
+using Reply = InterceptingManager::StringReply;
 
 CommunicationPtr NewCommunication() { return CommunicationPtr(Communication_CreateNewInstance()); }
 
@@ -37,11 +37,11 @@ const wchar_t* const kDispMissing =
 // DispServerHostname (the first string read).
 struct ScriptedRead {
     explicit ScriptedRead(std::vector<Reply> replies)
-        : mgr(ManagerFromText(kDocument)), element(NewCommunication()) {
+        : mgr(ManagerWithText(kDocument)), element(NewCommunication()) {
         for (const Reply& reply : replies) mgr.stringReplies.push_back(reply);
         result = element->ReadFromJSONMgr(&mgr, mgr.GetRootElement());
     }
-    ScriptedManager mgr;
+    InterceptingManager mgr;
     CommunicationPtr element;
     int result;
 };
@@ -160,7 +160,7 @@ TEST(ElementMachineryTest, TheRealManagersLengthsDecideTheSteps) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.characters);
         const std::wstring value = LongText(c.characters);
-        ScriptedManager mgr(ManagerFromText("\"" + Narrow(value) + "\""));
+        InterceptingManager mgr(ManagerWithText("\"" + Narrow(value) + "\""));
         std::unique_ptr<IIPListArray> entry(IPListArray_CreateNewInstance());
         ASSERT_EQ(entry->ReadFromJSONMgr(&mgr, mgr.GetRootElement()), ZELT_SUCCESS);
         EXPECT_EQ(*entry->GetStringValue(), value);
@@ -170,7 +170,7 @@ TEST(ElementMachineryTest, TheRealManagersLengthsDecideTheSteps) {
 
 TEST(ElementMachineryTest, AttributesAreWrittenWithTheirTypeCodesAndAbsentOnesSkipped) {
     CommunicationPtr element = NewCommunication();
-    ScriptedManager mgr(ManagerWithEmptyDocument());
+    InterceptingManager mgr(ManagerWithEmptyDocument());
     ASSERT_EQ(element->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_SUCCESS);
     EXPECT_EQ(mgr.calls,
               (std::vector<std::wstring>{
@@ -185,7 +185,7 @@ TEST(ElementMachineryTest, AttributesAreWrittenWithTheirTypeCodesAndAbsentOnesSk
 TEST(ElementMachineryTest, AnAttributeNodeThatIsNotGivenReachesTheSetterAsNull) {
     MessageCapture capture;
     CommunicationPtr element = NewCommunication();
-    ScriptedManager mgr(ManagerWithEmptyDocument());
+    InterceptingManager mgr(ManagerWithEmptyDocument());
     mgr.refusedElements.insert(L"LogUploadInterval");
     EXPECT_EQ(element->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(mgr.calls.back(), L"SetDWORDAttribute LogUploadInterval");
@@ -197,7 +197,7 @@ TEST(ElementMachineryTest, AnAttributeNodeThatIsNotGivenReachesTheSetterAsNull) 
 TEST(ElementMachineryTest, AnElementNodeThatIsNotCreatedStopsTheWriteAtOnce) {
     MessageCapture capture;
     CommunicationPtr element = NewCommunication();
-    ScriptedManager mgr(ManagerWithEmptyDocument());
+    InterceptingManager mgr(ManagerWithEmptyDocument());
     mgr.refusedElements.insert(L"Communication");
     EXPECT_EQ(element->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(mgr.calls, std::vector<std::wstring>{L"AddElement Communication 0"});
@@ -207,7 +207,7 @@ TEST(ElementMachineryTest, AnElementNodeThatIsNotCreatedStopsTheWriteAtOnce) {
 
 TEST(ElementMachineryTest, ReadingStopsAtTheFirstFailingMember) {
     MessageCapture capture;
-    ScriptedManager mgr(ManagerFromText("{ \"DispServerHostname\": \"d\", \"EnablePII\": 1 }"));
+    InterceptingManager mgr(ManagerWithText("{ \"DispServerHostname\": \"d\", \"EnablePII\": 1 }"));
     CommunicationPtr element = NewCommunication();
     EXPECT_EQ(element->ReadFromJSONMgr(&mgr, mgr.GetRootElement()), ZELT_FAILED);
     EXPECT_EQ(

@@ -1,7 +1,9 @@
 // Tests of EnforceList: its address list and its two strings, their presence
 // flags, writing, reading, copying and the messages of every failure.
 #include "support/ElementTesting.h"
+#include "support/InterceptingManager.h"
 #include "support/MessageCapture.h"
+#include "support/VirtualSlot.h"
 
 #include <zelt/zelt.h>
 
@@ -17,38 +19,20 @@ namespace {
 
 using EnforceListPtr = std::unique_ptr<IEnforceList>;
 using IPListPtr = std::unique_ptr<IIPList>;
-using Messages = std::vector<std::wstring>;
 using Values = std::vector<std::wstring>;
 
 EnforceListPtr NewEnforceList() { return EnforceListPtr(EnforceList_CreateNewInstance()); }
-
-IPListPtr NewIPList(const Values& values) {
-    IPListPtr list(IPList_CreateNewInstance());
-    std::unique_ptr<IIPListArray> entry(IPListArray_CreateNewInstance());
-    for (const std::wstring& value : values) {
-        entry->SetStringValue(&value);
-        list->AddItem(entry.get());
-    }
-    return list;
-}
-
-Values ValuesOf(IIPList& list) {
-    Values values;
-    for (DWORD i = 0; i < list.GetItemCount(); ++i)
-        values.push_back(*list.GetItem(i)->GetStringValue());
-    return values;
-}
 
 // The entries of the element's address list, which must be present.
 Values IPListValues(IEnforceList& element) {
     IIPList* list = nullptr;
     EXPECT_EQ(element.GetIPList(&list), ZELT_SUCCESS);
-    return list != nullptr ? ValuesOf(*list) : Values{L"(absent)"};
+    return list != nullptr ? ListValues(*list) : Values{L"(absent)"};
 }
 
 EnforceListPtr FilledEnforceList() {
     EnforceListPtr element = NewEnforceList();
-    element->SetIPList(NewIPList({L"10.0.0.1", L"10.0.0.0/8"}).get());
+    element->SetIPList(MakeIPList({L"10.0.0.1", L"10.0.0.0/8"}).get());
     const std::wstring names = L"a.exe;b.exe", domains = L"example.com;example.org";
     element->SetProcessNames(&names);
     element->SetDomainLists(&domains);
@@ -61,7 +45,7 @@ const char* const kFilledText =
 
 void ExpectAllAbsent(IEnforceList& element) {
     // A getter of an absent member leaves its output alone.
-    IPListPtr marker = NewIPList({});
+    IPListPtr marker = MakeIPList({});
     IIPList* list = marker.get();
     std::wstring text = L"untouched";
     EXPECT_EQ(element.GetElementType(), ELEMENT_TYPE_ORDINARY);
@@ -77,7 +61,7 @@ void ExpectSameMembers(IEnforceList& a, IEnforceList& b) {
     IIPList* lb = nullptr;
     ASSERT_EQ(a.GetIPList(&la), b.GetIPList(&lb));
     if (la != nullptr) {
-        EXPECT_EQ(ValuesOf(*la), ValuesOf(*lb));
+        EXPECT_EQ(ListValues(*la), ListValues(*lb));
     }
     std::wstring sa = L"unset", sb = L"unset";
     EXPECT_EQ(a.GetProcessNames(&sa), b.GetProcessNames(&sb));
@@ -87,8 +71,7 @@ void ExpectSameMembers(IEnforceList& a, IEnforceList& b) {
 }
 
 int ReadFromText(IEnforceList& element, const std::string& text) {
-    ManagerPtr mgr = ManagerFromText(text);
-    return element.ReadFromJSONMgr(mgr.get(), mgr->GetElement(nullptr, L"EnforceList"));
+    return ReadFromDocument(element, text, L"EnforceList");
 }
 
 std::string Document(const std::string& members) {
@@ -98,17 +81,17 @@ std::string Document(const std::string& members) {
 }  // namespace
 
 TEST(EnforceListTest, VirtualSlotsAreInContractOrder) {
-    EXPECT_SLOT(1, &IEnforceList::WriteToJSONMgr);
-    EXPECT_SLOT(2, &IEnforceList::ReadFromJSONMgr);
-    EXPECT_SLOT(3, &IEnforceList::Clear);
-    EXPECT_SLOT(4, &IEnforceList::CopyFrom);
-    EXPECT_SLOT(5, &IEnforceList::GetElementType);
-    EXPECT_SLOT(6, &IEnforceList::GetIPList);
-    EXPECT_SLOT(7, &IEnforceList::SetIPList);
-    EXPECT_SLOT(8, &IEnforceList::GetProcessNames);
-    EXPECT_SLOT(9, &IEnforceList::SetProcessNames);
-    EXPECT_SLOT(10, &IEnforceList::GetDomainLists);
-    EXPECT_SLOT(11, &IEnforceList::SetDomainLists);
+    EXPECT_EQ(VirtualSlotOf(&IEnforceList::WriteToJSONMgr), 1);
+    EXPECT_EQ(VirtualSlotOf(&IEnforceList::ReadFromJSONMgr), 2);
+    EXPECT_EQ(VirtualSlotOf(&IEnforceList::Clear), 3);
+    EXPECT_EQ(VirtualSlotOf(&IEnforceList::CopyFrom), 4);
+    EXPECT_EQ(VirtualSlotOf(&IEnforceList::GetElementType), 5);
+    EXPECT_EQ(VirtualSlotOf(&IEnforceList::GetIPList), 6);
+    EXPECT_EQ(VirtualSlotOf(&IEnforceList::SetIPList), 7);
+    EXPECT_EQ(VirtualSlotOf(&IEnforceList::GetProcessNames), 8);
+    EXPECT_EQ(VirtualSlotOf(&IEnforceList::SetProcessNames), 9);
+    EXPECT_EQ(VirtualSlotOf(&IEnforceList::GetDomainLists), 10);
+    EXPECT_EQ(VirtualSlotOf(&IEnforceList::SetDomainLists), 11);
 }
 
 TEST(EnforceListTest, FactoryGivesAnElementWithEveryMemberAbsent) {
@@ -159,7 +142,7 @@ TEST(EnforceListTest, GetIPListGivesTheEmbeddedListItself) {
 
 TEST(EnforceListTest, SetIPListStoresACopy) {
     EnforceListPtr element = NewEnforceList();
-    IPListPtr source = NewIPList({L"a", L"b"});
+    IPListPtr source = MakeIPList({L"a", L"b"});
     element->SetIPList(source.get());
     IIPList* embedded = nullptr;
     ASSERT_EQ(element->GetIPList(&embedded), ZELT_SUCCESS);
@@ -207,7 +190,7 @@ TEST(EnforceListTest, CopyFromCarriesAHiddenListAlongWithItsFlag) {
 TEST(EnforceListTest, SetIPListWithAnotherListReplacesHiddenEntries) {
     EnforceListPtr element = FilledEnforceList();
     element->SetIPList(nullptr);
-    element->SetIPList(NewIPList({L"new"}).get());
+    element->SetIPList(MakeIPList({L"new"}).get());
     EXPECT_EQ(IPListValues(*element), (Values{L"new"}));
 }
 
@@ -233,7 +216,7 @@ TEST(EnforceListTest, WritingAnEmptyElementWritesAnEmptyObject) {
 
 TEST(EnforceListTest, APresentButEmptyListIsLeftOut) {
     EnforceListPtr element = NewEnforceList();
-    element->SetIPList(NewIPList({}).get());
+    element->SetIPList(MakeIPList({}).get());
     IIPList* list = nullptr;
     EXPECT_EQ(element->GetIPList(&list), ZELT_SUCCESS);
     EXPECT_EQ(WrittenText(*element), "{ \"EnforceList\": { } }");
@@ -250,7 +233,7 @@ TEST(EnforceListTest, WriteWithoutManagerOrOwnObjectFails) {
     MessageCapture capture;
     EnforceListPtr element = FilledEnforceList();
     EXPECT_EQ(element->WriteToJSONMgr(nullptr, nullptr, 1), ZELT_FAILED);
-    ManagerPtr mgr = ManagerWithoutDocument();
+    ManagerPtr mgr = NewManager();
     EXPECT_EQ(element->WriteToJSONMgr(mgr.get(), nullptr, 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(),
               (Messages{L"JSONManager: WriteToJSONMgr require xmlmanager pointer is NULL.",
@@ -260,7 +243,7 @@ TEST(EnforceListTest, WriteWithoutManagerOrOwnObjectFails) {
 TEST(EnforceListTest, AFailingEntryWriteIsReportedByEachLevel) {
     MessageCapture capture;
     EnforceListPtr element = FilledEnforceList();
-    ScriptedManager mgr(ManagerWithEmptyDocument());
+    InterceptingManager mgr(ManagerWithEmptyDocument());
     mgr.failingStringWrite = 2;
     EXPECT_EQ(element->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(),
@@ -274,7 +257,7 @@ TEST(EnforceListTest, AFailingEntryWriteIsReportedByEachLevel) {
 TEST(EnforceListTest, AListWhoseArrayIsNotCreatedFailsTheWrite) {
     MessageCapture capture;
     EnforceListPtr element = FilledEnforceList();
-    ScriptedManager mgr(ManagerWithEmptyDocument());
+    InterceptingManager mgr(ManagerWithEmptyDocument());
     mgr.refusedElements.insert(L"IPList");
     EXPECT_EQ(element->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(),
@@ -304,7 +287,7 @@ TEST(EnforceListTest, EachFailingStringWriteGivesItsMessage) {
         SCOPED_TRACE(Narrow(c.key));
         MessageCapture capture;
         EnforceListPtr element = FilledEnforceList();
-        ScriptedManager mgr(ManagerWithEmptyDocument());
+        InterceptingManager mgr(ManagerWithEmptyDocument());
         mgr.failingAttributes.insert(c.key);
         EXPECT_EQ(element->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_FAILED);
         EXPECT_EQ(capture.Messages(), Messages{c.message});
@@ -335,7 +318,7 @@ TEST(EnforceListTest, AFullObjectReadsEveryMember) {
 
 TEST(EnforceListTest, MembersAreLookedUpInOrder) {
     EnforceListPtr element = NewEnforceList();
-    ScriptedManager mgr(ManagerFromText(kFilledText));
+    InterceptingManager mgr(ManagerWithText(kFilledText));
     JSONNode* node = mgr.Inner().GetElement(nullptr, L"EnforceList");
     ASSERT_EQ(element->ReadFromJSONMgr(&mgr, node), ZELT_SUCCESS);
     EXPECT_EQ(mgr.calls,
@@ -412,7 +395,7 @@ TEST(EnforceListTest, LongStringsAreReadWhole) {
         const std::wstring names = LongText(length), domains = LongText(length + 7);
         source->SetProcessNames(&names);
         source->SetDomainLists(&domains);
-        source->SetIPList(NewIPList({LongText(length + 3)}).get());
+        source->SetIPList(MakeIPList({LongText(length + 3)}).get());
         EnforceListPtr read = NewEnforceList();
         ASSERT_EQ(ReadFromText(*read, WrittenText(*source)), ZELT_SUCCESS);
         ExpectSameMembers(*read, *source);
@@ -426,7 +409,7 @@ TEST(EnforceListTest, WriteSaveImportAndReadGiveTheSameElement) {
     ManagerPtr written = ManagerWithEmptyDocument();
     ASSERT_EQ(source->WriteToJSONMgr(written.get(), written->GetRootElement(), 1), ZELT_SUCCESS);
     ASSERT_EQ(written->SaveToJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
-    ManagerPtr imported = ManagerWithoutDocument();
+    ManagerPtr imported = NewManager();
     ASSERT_EQ(imported->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
     EnforceListPtr read = NewEnforceList();
     ASSERT_EQ(read->ReadFromJSONMgr(imported.get(), imported->GetElement(nullptr, L"EnforceList")),

@@ -7,9 +7,10 @@
 #include <ostream>
 #include <string>
 
-#include "support/ElementTestSupport.h"
-#include "support/ManagerHelpers.h"
+#include "support/ElementTesting.h"
+#include "support/InterceptingManager.h"
 #include "support/MessageCapture.h"
+#include "support/VirtualSlot.h"
 
 using namespace VextorJSConfig;
 
@@ -23,16 +24,7 @@ protected:
     // The element after reading the "HTTPS" object of text; the read must
     // succeed.
     void ReadFrom(const std::string& text) {
-        DocumentPtr manager = DocumentManager(text);
-        ASSERT_EQ(https->ReadFromJSONMgr(manager.get(), manager->GetElement(nullptr, L"HTTPS")),
-                  ZELT_SUCCESS);
-    }
-
-    // The saved text of a document holding only this element.
-    std::string WrittenText() {
-        DocumentPtr manager = DocumentManager("{}");
-        EXPECT_EQ(https->WriteToJSONMgr(manager.get(), manager->GetRootElement(), 1), ZELT_SUCCESS);
-        return SavedText(*manager);
+        ASSERT_EQ(ReadFromDocument(*https, text, L"HTTPS"), ZELT_SUCCESS);
     }
 
     void Fill() {
@@ -142,7 +134,7 @@ TEST_F(HTTPSTest, ClearResetsEveryMember) {
 }
 
 TEST_F(HTTPSTest, FreshElementWritesTheThreeSwitchesAsZero) {
-    EXPECT_EQ(WrittenText(), kFreshHTTPS);
+    EXPECT_EQ(WrittenText(*https), kFreshHTTPS);
     EXPECT_TRUE(capture.Messages().empty());
 }
 
@@ -150,7 +142,7 @@ TEST_F(HTTPSTest, WritesEveryMemberInOrder) {
     Fill();
     const std::wstring special = L"a/b \"quoted\" back\\slash \u00e9\U0001F512";
     https->SetWhiteListWithPorts(&special);
-    EXPECT_EQ(WrittenText(),
+    EXPECT_EQ(WrittenText(*https),
               "{ \"HTTPS\": { \"InspectHostnameOnly\": 1, \"SSLFilter\": 2, "
               "\"UpstreamVerification\": 3, \"WhiteList\": \"bank.example.com;pay.example.org\", "
               "\"WhiteListWithPorts\": \"a\\/b \\\"quoted\\\" back\\\\slash "
@@ -161,14 +153,14 @@ TEST_F(HTTPSTest, PresentEmptyTextIsWrittenAsEmptyString) {
     const std::wstring empty;
     https->SetWhiteList(&empty);
     EXPECT_EQ(
-        WrittenText(),
+        WrittenText(*https),
         R"({ "HTTPS": { "InspectHostnameOnly": 0, "SSLFilter": 0, "UpstreamVerification": 0, "WhiteList": "" } })");
 }
 
 TEST_F(HTTPSTest, LargestDWORDIsWrittenAsMinusOneAndReadsBack) {
     const DWORD largest = 4294967295u;
     https->SetSSLFilter(&largest);
-    const std::string text = WrittenText();
+    const std::string text = WrittenText(*https);
     EXPECT_EQ(
         text,
         R"({ "HTTPS": { "InspectHostnameOnly": 0, "SSLFilter": -1, "UpstreamVerification": 0 } })");
@@ -184,13 +176,13 @@ TEST_F(HTTPSTest, WriteWithoutManagerFails) {
 }
 
 TEST_F(HTTPSTest, WriteFailsWhenItsObjectIsNotCreated) {
-    DocumentPtr real = DocumentManager("{}");
-    FaultInjectingManager manager(*real);
-    manager.failAddElement.insert(L"HTTPS");
-    EXPECT_EQ(https->WriteToJSONMgr(&manager, real->GetRootElement(), 1), ZELT_FAILED);
+    InterceptingManager manager(ManagerWithText("{}"));
+    IJSONManager& real = manager.Inner();
+    manager.refusedElements.insert(L"HTTPS");
+    EXPECT_EQ(https->WriteToJSONMgr(&manager, real.GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(),
               Messages{L"JSONManager: required element pointer is NULL. element: HTTPS"});
-    EXPECT_EQ(SavedText(*real), "{ }");
+    EXPECT_EQ(SavedText(real), "{ }");
 }
 
 struct WriteFailure {
@@ -201,21 +193,19 @@ struct WriteFailure {
 
 // Printed as the failure it describes, so that test names stay the same
 // from run to run.
-void PrintTo(const WriteFailure& failure, std::ostream* out) {
-    *out << NarrowForPrinting(failure.key);
-}
+void PrintTo(const WriteFailure& failure, std::ostream* out) { *out << Narrow(failure.key); }
 
 class HTTPSWriteFailureTest : public HTTPSTest,
                               public ::testing::WithParamInterface<WriteFailure> {};
 
 TEST_P(HTTPSWriteFailureTest, StopsAtTheFailingMemberAndKeepsWhatWasWritten) {
     Fill();
-    DocumentPtr real = DocumentManager("{}");
-    FaultInjectingManager manager(*real);
-    manager.failSetAttribute.insert(GetParam().key);
-    EXPECT_EQ(https->WriteToJSONMgr(&manager, real->GetRootElement(), 1), ZELT_FAILED);
+    InterceptingManager manager(ManagerWithText("{}"));
+    IJSONManager& real = manager.Inner();
+    manager.failingAttributes.insert(GetParam().key);
+    EXPECT_EQ(https->WriteToJSONMgr(&manager, real.GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(), Messages{GetParam().message});
-    EXPECT_EQ(SavedText(*real), GetParam().partialDocument);
+    EXPECT_EQ(SavedText(real), GetParam().partialDocument);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -277,7 +267,7 @@ TEST_F(HTTPSTest, PresentEmptyTextReadsAsPresentAndWritesBack) {
     EXPECT_EQ(https->GetWhiteList(&out), ZELT_SUCCESS);
     EXPECT_EQ(out, L"");
     EXPECT_EQ(
-        WrittenText(),
+        WrittenText(*https),
         R"({ "HTTPS": { "InspectHostnameOnly": 0, "SSLFilter": 0, "UpstreamVerification": 0, "WhiteList": "" } })");
 }
 
@@ -311,7 +301,7 @@ class HTTPSReadFailureTest : public HTTPSTest, public ::testing::WithParamInterf
 
 TEST_P(HTTPSReadFailureTest, MissingSwitchFailsAndLeavesTheElementCleared) {
     Fill();
-    DocumentPtr manager = DocumentManager(GetParam().document);
+    ManagerPtr manager = ManagerWithText(GetParam().document);
     EXPECT_EQ(https->ReadFromJSONMgr(manager.get(), manager->GetElement(nullptr, L"HTTPS")),
               ZELT_FAILED);
     EXPECT_EQ(capture.Messages(), Messages{GetParam().message});
@@ -373,17 +363,17 @@ TEST_F(HTTPSTest, TextsOfAnyLengthArriveWhole) {
 
 TEST_F(HTTPSTest, FailingSecondStepLeavesTheTextAbsentWithoutMessage) {
     for (std::size_t length : {1022u, 1023u}) {
-        DocumentPtr real = DocumentManager(
+        InterceptingManager manager(ManagerWithText(
             R"({ "HTTPS": { "InspectHostnameOnly": 0, "SSLFilter": 0, "UpstreamVerification": 0, "WhiteList": ")" +
-            std::string(length, 'w') + R"(", "WhiteListWithPorts": "p" } })");
-        FaultInjectingManager manager(*real);
-        manager.failLargeStringRead.insert(L"WhiteList");
-        EXPECT_EQ(https->ReadFromJSONMgr(&manager, real->GetElement(nullptr, L"HTTPS")),
+            std::string(length, 'w') + R"(", "WhiteListWithPorts": "p" } })"));
+        IJSONManager& real = manager.Inner();
+        manager.failingLargeStringReads.insert(L"WhiteList");
+        EXPECT_EQ(https->ReadFromJSONMgr(&manager, real.GetElement(nullptr, L"HTTPS")),
                   ZELT_SUCCESS);
         std::wstring out = L"untouched";
         // 1022 characters fit the first buffer; 1023 need the failing second.
         EXPECT_EQ(https->GetWhiteList(&out), length == 1022u ? ZELT_SUCCESS : ZELT_NOT_PRESENT);
-        EXPECT_EQ(manager.largeStringReads, length == 1022u ? 0 : 1);
+        EXPECT_EQ(manager.failedLargeStringReads, length == 1022u ? 0 : 1);
         EXPECT_EQ(https->GetWhiteListWithPorts(&out), ZELT_SUCCESS);
         EXPECT_EQ(out, L"p");
     }
@@ -391,12 +381,12 @@ TEST_F(HTTPSTest, FailingSecondStepLeavesTheTextAbsentWithoutMessage) {
 }
 
 TEST_F(HTTPSTest, BufferTooSmallWithoutALargerLengthLeavesTheTextAbsent) {
-    DocumentPtr real = DocumentManager(
-        R"({ "HTTPS": { "InspectHostnameOnly": 0, "SSLFilter": 0, "UpstreamVerification": 0, "WhiteList": "w", "WhiteListWithPorts": "p" } })");
-    FaultInjectingManager manager(*real);
-    manager.scriptedStringRead[L"WhiteList"] = {ZELT_BUFFER_TOO_SMALL, 1024};
-    manager.scriptedStringRead[L"WhiteListWithPorts"] = {ZELT_BAD_ARGUMENT, 1024};
-    EXPECT_EQ(https->ReadFromJSONMgr(&manager, real->GetElement(nullptr, L"HTTPS")), ZELT_SUCCESS);
+    InterceptingManager manager(ManagerWithText(
+        R"({ "HTTPS": { "InspectHostnameOnly": 0, "SSLFilter": 0, "UpstreamVerification": 0, "WhiteList": "w", "WhiteListWithPorts": "p" } })"));
+    IJSONManager& real = manager.Inner();
+    manager.stringRepliesByName[L"WhiteList"] = {ZELT_BUFFER_TOO_SMALL, 1024, L""};
+    manager.stringRepliesByName[L"WhiteListWithPorts"] = {ZELT_BAD_ARGUMENT, 1024, L""};
+    EXPECT_EQ(https->ReadFromJSONMgr(&manager, real.GetElement(nullptr, L"HTTPS")), ZELT_SUCCESS);
     std::wstring out;
     EXPECT_EQ(https->GetWhiteList(&out), ZELT_NOT_PRESENT);
     EXPECT_EQ(https->GetWhiteListWithPorts(&out), ZELT_NOT_PRESENT);

@@ -16,7 +16,7 @@
 #include <vector>
 
 #include "support/LogCapture.h"
-#include "support/ManagerHelpers.h"
+#include "support/ManagerTesting.h"
 #include "support/MessageCapture.h"
 #include "support/TempFile.h"
 
@@ -67,7 +67,9 @@ protected:
 
     // A manager holding {"old":1}, whose saved text tells whether a failed
     // operation kept it.
-    static ManagerPtr ManagerWithOldDocument() { return ManagerWithText("{\"old\":1}"); }
+    static ExportDestroyedManagerPtr ManagerWithOldDocument() {
+        return ManagerWithText("{\"old\":1}");
+    }
     static constexpr const char* kOldSaved = "{ \"old\": 1 }";
 
     TempDir dir_;
@@ -76,7 +78,7 @@ protected:
 // ---- zeltCreateJSONManager, zeltDestroyJSONManager, SetZeltDebugDumpCallBack
 
 TEST_F(JSONManagerLifecycleTest, CreateWithNullTextGivesManagerWithoutDocument) {
-    ManagerPtr manager(zeltCreateJSONManager(nullptr, 10));
+    ExportDestroyedManagerPtr manager(zeltCreateJSONManager(nullptr, 10));
     ASSERT_NE(manager, nullptr);
     EXPECT_EQ(manager->GetRootElement(), nullptr);
     EXPECT_TRUE(CapturedLogs().empty());
@@ -84,7 +86,7 @@ TEST_F(JSONManagerLifecycleTest, CreateWithNullTextGivesManagerWithoutDocument) 
 
 TEST_F(JSONManagerLifecycleTest, CreateWithZeroLengthGivesManagerWithoutDocument) {
     char text[] = "{}";
-    ManagerPtr manager(zeltCreateJSONManager(text, 0));
+    ExportDestroyedManagerPtr manager(zeltCreateJSONManager(text, 0));
     ASSERT_NE(manager, nullptr);
     EXPECT_EQ(manager->GetRootElement(), nullptr);
 }
@@ -93,7 +95,7 @@ TEST_F(JSONManagerLifecycleTest, CreateWithWrongLengthGivesManagerWithoutDocumen
     char text[] = "{}";
     for (int length : {5, 1, 3, -1}) {
         SCOPED_TRACE(length);
-        ManagerPtr manager(zeltCreateJSONManager(text, length));
+        ExportDestroyedManagerPtr manager(zeltCreateJSONManager(text, length));
         ASSERT_NE(manager, nullptr);
         EXPECT_EQ(manager->GetRootElement(), nullptr);
     }
@@ -102,12 +104,12 @@ TEST_F(JSONManagerLifecycleTest, CreateWithWrongLengthGivesManagerWithoutDocumen
 
 TEST_F(JSONManagerLifecycleTest, CreateWithInvalidTextGivesManagerWithoutDocument) {
     char invalid[] = "[1,2,";
-    ManagerPtr manager(zeltCreateJSONManager(invalid, 5));
+    ExportDestroyedManagerPtr manager(zeltCreateJSONManager(invalid, 5));
     ASSERT_NE(manager, nullptr);
     EXPECT_EQ(manager->GetRootElement(), nullptr);
 
     char jsonNull[] = "null";
-    ManagerPtr nullManager(zeltCreateJSONManager(jsonNull, 4));
+    ExportDestroyedManagerPtr nullManager(zeltCreateJSONManager(jsonNull, 4));
     ASSERT_NE(nullManager, nullptr);
     EXPECT_EQ(nullManager->GetRootElement(), nullptr);
     EXPECT_TRUE(CapturedLogs().empty());
@@ -115,7 +117,8 @@ TEST_F(JSONManagerLifecycleTest, CreateWithInvalidTextGivesManagerWithoutDocumen
 
 TEST_F(JSONManagerLifecycleTest, CreateWithValidTextHoldsDocument) {
     char text[] = "{\"a\":1,\"b\":\"x\"}";
-    ManagerPtr manager(zeltCreateJSONManager(text, static_cast<int>(sizeof(text) - 1)));
+    ExportDestroyedManagerPtr manager(
+        zeltCreateJSONManager(text, static_cast<int>(sizeof(text) - 1)));
     ASSERT_NE(manager, nullptr);
     EXPECT_NE(manager->GetRootElement(), nullptr);
     EXPECT_EQ(SavedText(*manager), "{ \"a\": 1, \"b\": \"x\" }");
@@ -123,7 +126,7 @@ TEST_F(JSONManagerLifecycleTest, CreateWithValidTextHoldsDocument) {
 
 TEST_F(JSONManagerLifecycleTest, ManagerWithoutDocumentCanStartOne) {
     char text[] = "{}";
-    ManagerPtr manager(zeltCreateJSONManager(text, 7));
+    ExportDestroyedManagerPtr manager(zeltCreateJSONManager(text, 7));
     ASSERT_NE(manager, nullptr);
     EXPECT_EQ(ImportText(*manager, "[1]"), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*manager), "[ 1 ]");
@@ -162,7 +165,7 @@ TEST_F(JSONManagerLifecycleTest, DestroyNullManagerClearsCallback) {
 
 TEST_F(JSONManagerLifecycleTest, DestroyingOneOfTwoManagersTurnsReportingOff) {
     MessageCapture capture;
-    ManagerPtr kept = ManagerWithText("{\"a\":1}");
+    ExportDestroyedManagerPtr kept = ManagerWithText("{\"a\":1}");
     IJSONManager* destroyed = zeltCreateJSONManager(nullptr, 0);
     ASSERT_NE(destroyed, nullptr);
     EXPECT_EQ(MessagesFromOneElementFailure(capture), 1u);
@@ -199,7 +202,7 @@ TEST_F(JSONManagerLifecycleTest, DeleteThroughInterfaceReleasesDocument) {
 // ---- ClearDocument
 
 TEST_F(JSONManagerLifecycleTest, ClearDocumentRemovesDocument) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     manager->ClearDocument();
     EXPECT_EQ(manager->GetRootElement(), nullptr);
     const SaveOutcome outcome = SaveToTemporaryFile(*manager);
@@ -208,7 +211,7 @@ TEST_F(JSONManagerLifecycleTest, ClearDocumentRemovesDocument) {
 }
 
 TEST_F(JSONManagerLifecycleTest, ClearDocumentWithoutDocumentDoesNothing) {
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     manager->ClearDocument();
     manager->ClearDocument();
     EXPECT_EQ(manager->GetRootElement(), nullptr);
@@ -218,7 +221,7 @@ TEST_F(JSONManagerLifecycleTest, ClearDocumentWithoutDocumentDoesNothing) {
 // ---- CreateNewDocument
 
 TEST_F(JSONManagerLifecycleTest, CreateNewDocumentSavesAsEmptyObject) {
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(manager->CreateNewDocument(), ZELT_SUCCESS);
     EXPECT_NE(manager->GetRootElement(), nullptr);
     EXPECT_EQ(SavedText(*manager), "{ }");
@@ -226,14 +229,14 @@ TEST_F(JSONManagerLifecycleTest, CreateNewDocumentSavesAsEmptyObject) {
 }
 
 TEST_F(JSONManagerLifecycleTest, CreateNewDocumentReplacesOldDocument) {
-    ManagerPtr manager = ManagerWithText("[1,2,3]");
+    ExportDestroyedManagerPtr manager = ManagerWithText("[1,2,3]");
     EXPECT_EQ(manager->CreateNewDocument(), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*manager), "{ }");
     EXPECT_EQ(manager->GetElement(nullptr, L"old"), nullptr);
 }
 
 TEST_F(JSONManagerLifecycleTest, CreateNewDocumentTwiceStartsEmptyAgain) {
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     ASSERT_EQ(manager->CreateNewDocument(), ZELT_SUCCESS);
     ASSERT_EQ(manager->SetDWORDAttribute(manager->GetRootElement(), L"a", 1), ZELT_SUCCESS);
     EXPECT_EQ(manager->CreateNewDocument(), ZELT_SUCCESS);
@@ -241,12 +244,12 @@ TEST_F(JSONManagerLifecycleTest, CreateNewDocumentTwiceStartsEmptyAgain) {
 }
 
 TEST_F(JSONManagerLifecycleTest, GetRootElementWithoutDocumentIsNull) {
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(manager->GetRootElement(), nullptr);
 }
 
 TEST_F(JSONManagerLifecycleTest, GetRootElementIsStableAcrossCalls) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     JSONNode* root = manager->GetRootElement();
     ASSERT_NE(root, nullptr);
     EXPECT_EQ(manager->GetRootElement(), root);
@@ -256,38 +259,38 @@ TEST_F(JSONManagerLifecycleTest, GetRootElementIsStableAcrossCalls) {
 // ---- ImportFromJSONString
 
 TEST_F(JSONManagerLifecycleTest, ImportStringNullTextKeepsDocument) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONString(nullptr, 2), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(SavedText(*manager), kOldSaved);
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringZeroLengthKeepsDocument) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONString("{}", 0), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(SavedText(*manager), kOldSaved);
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringLengthOneLessKeepsDocument) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONString("{\"new\":2}", 8), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(SavedText(*manager), kOldSaved);
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringLengthOneMoreKeepsDocument) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONString("{\"new\":2}", 10), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(SavedText(*manager), kOldSaved);
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringNegativeLengthKeepsDocument) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONString("{}", -1), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(manager->ImportFromJSONString("{}", INT_MIN), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(SavedText(*manager), kOldSaved);
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringWithEmbeddedZeroByteKeepsDocument) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     const std::string text("{\"a\":1}\0{}", 10);
     EXPECT_EQ(manager->ImportFromJSONString(text.data(), 10), ZELT_BAD_ARGUMENT);
     const std::string inString("{\"a\":\"x\0y\"}", 11);
@@ -296,20 +299,20 @@ TEST_F(JSONManagerLifecycleTest, ImportStringWithEmbeddedZeroByteKeepsDocument) 
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringOfJsonNullLeavesNoDocument) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONString("null", 4), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(manager->GetRootElement(), nullptr);
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringThatDoesNotParseLeavesNoDocument) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(ImportText(*manager, "[1,2,"), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(manager->GetRootElement(), nullptr);
     EXPECT_TRUE(CapturedLogs().empty());
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringReplacesDocument) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(ImportText(*manager, "{\"new\":2}"), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*manager), "{ \"new\": 2 }");
     EXPECT_EQ(manager->GetElement(nullptr, L"old"), nullptr);
@@ -317,7 +320,7 @@ TEST_F(JSONManagerLifecycleTest, ImportStringReplacesDocument) {
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringAcceptsAnyKindOfRoot) {
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(ImportText(*manager, "[]"), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*manager), "[ ]");
     EXPECT_EQ(ImportText(*manager, "5"), ZELT_SUCCESS);
@@ -329,7 +332,7 @@ TEST_F(JSONManagerLifecycleTest, ImportStringAcceptsAnyKindOfRoot) {
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringAcceptsTheParsersLeniencies) {
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(ImportText(*manager, "/* note */ {\"a\":1} // end"), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*manager), "{ \"a\": 1 }");
     EXPECT_EQ(ImportText(*manager, "{\"a\":2} trailing"), ZELT_SUCCESS);
@@ -341,27 +344,27 @@ TEST_F(JSONManagerLifecycleTest, ImportStringAcceptsTheParsersLeniencies) {
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringDoesNotSkipByteOrderMark) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(ImportText(*manager, "\xEF\xBB\xBF{}"), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(manager->GetRootElement(), nullptr);
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringDuplicateKeyKeepsLastValue) {
-    ManagerPtr manager = ManagerWithText("{\"a\":1,\"a\":2}");
+    ExportDestroyedManagerPtr manager = ManagerWithText("{\"a\":1,\"a\":2}");
     DWORD value = 0;
     EXPECT_EQ(manager->GetDWORDAttribute(nullptr, L"a", &value), ZELT_SUCCESS);
     EXPECT_EQ(value, 2u);
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringNestedArraysUpToThirtyTwoLevels) {
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(ImportText(*manager, NestedArrays(32, "")), ZELT_SUCCESS);
     EXPECT_EQ(ImportText(*manager, NestedArrays(31, "1")), ZELT_SUCCESS);
     EXPECT_EQ(ImportText(*manager, NestedArrays(31, "[]")), ZELT_SUCCESS);
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringNestedArraysBeyondThirtyTwoLevelsFail) {
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(ImportText(*manager, NestedArrays(33, "")), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(manager->GetRootElement(), nullptr);
     // An item inside the 32nd level would be the 33rd.
@@ -372,13 +375,13 @@ TEST_F(JSONManagerLifecycleTest, ImportStringNestedArraysBeyondThirtyTwoLevelsFa
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringNestedObjectsUpToThirtyTwoLevels) {
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(ImportText(*manager, NestedObjects(32, "")), ZELT_SUCCESS);
     EXPECT_EQ(ImportText(*manager, NestedObjects(31, "\"a\":1")), ZELT_SUCCESS);
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportStringNestedObjectsBeyondThirtyTwoLevelsFail) {
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(ImportText(*manager, NestedObjects(33, "")), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(ImportText(*manager, NestedObjects(32, "\"a\":1")), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(manager->GetRootElement(), nullptr);
@@ -387,7 +390,7 @@ TEST_F(JSONManagerLifecycleTest, ImportStringNestedObjectsBeyondThirtyTwoLevelsF
 // ---- ImportFromJSONFile
 
 TEST_F(JSONManagerLifecycleTest, ImportFileNullPathLogsAndKeepsDocument) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONFile(nullptr), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(CapturedLogs(), Records{kNullPathRecord});
     ClearCapturedLogs();
@@ -395,7 +398,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileNullPathLogsAndKeepsDocument) {
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportFileMissingLogsAndKeepsDocument) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(dir_.File("missing.json")).c_str()),
               ZELT_BAD_ARGUMENT);
     EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
@@ -404,7 +407,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileMissingLogsAndKeepsDocument) {
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportFileInMissingFolderLogs) {
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(dir_.File("none/doc.json")).c_str()),
               ZELT_BAD_ARGUMENT);
     EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
@@ -412,7 +415,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileInMissingFolderLogs) {
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportFileRefusesDirectory) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(dir_.Path()).c_str()), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
     ClearCapturedLogs();
@@ -422,7 +425,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileRefusesDirectory) {
 TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFifoWithoutBlocking) {
     const std::string path = dir_.File("pipe");
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
     ClearCapturedLogs();
@@ -432,7 +435,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFifoWithoutBlocking) {
 TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFileOpenForReading) {
     const std::string path = dir_.File("held.json");
     WriteFileBytes(path, "{\"new\":2}");
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     {
         OpenDescriptor holder(open(path.c_str(), O_RDONLY | O_CLOEXEC));
         ASSERT_GE(holder.Get(), 0);
@@ -450,7 +453,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFileOpenForReading) {
 TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFileOpenForWriting) {
     const std::string path = dir_.File("written.json");
     WriteFileBytes(path, "{\"new\":2}");
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     OpenDescriptor holder(open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC));
     ASSERT_GE(holder.Get(), 0);
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
@@ -462,7 +465,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFileOpenForWriting) {
 TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFileOpenThroughStream) {
     const std::string path = dir_.File("stream.json");
     WriteFileBytes(path, "{\"new\":2}");
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     FILE* stream = std::fopen(path.c_str(), "rb");
     ASSERT_NE(stream, nullptr);
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
@@ -473,7 +476,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFileOpenThroughStream) {
 TEST_F(JSONManagerLifecycleTest, ImportFileEmptyKeepsDocumentWithoutLog) {
     const std::string path = dir_.File("empty.json");
     WriteFileBytes(path, "");
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
     EXPECT_TRUE(CapturedLogs().empty());
     EXPECT_EQ(SavedText(*manager), kOldSaved);
@@ -490,7 +493,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileShorterThanItsSizeKeepsDocumentWithou
     if (ReadFileBytes(path).size() >= static_cast<std::size_t>(status.st_size)) {
         GTEST_SKIP() << path << " reads as long as its size";
     }
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
     EXPECT_TRUE(CapturedLogs().empty());
     EXPECT_EQ(SavedText(*manager), kOldSaved);
@@ -499,7 +502,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileShorterThanItsSizeKeepsDocumentWithou
 TEST_F(JSONManagerLifecycleTest, ImportFileThatDoesNotParseLeavesNoDocument) {
     const std::string path = dir_.File("bad.json");
     WriteFileBytes(path, "{\"a\":");
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_FAILED);
     EXPECT_EQ(manager->GetRootElement(), nullptr);
     EXPECT_TRUE(CapturedLogs().empty());
@@ -508,7 +511,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileThatDoesNotParseLeavesNoDocument) {
 TEST_F(JSONManagerLifecycleTest, ImportFileOfJsonNullLeavesNoDocument) {
     const std::string path = dir_.File("null.json");
     WriteFileBytes(path, "null");
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_FAILED);
     EXPECT_EQ(manager->GetRootElement(), nullptr);
 }
@@ -516,7 +519,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileOfJsonNullLeavesNoDocument) {
 TEST_F(JSONManagerLifecycleTest, ImportFileWithByteOrderMarkDoesNotParse) {
     const std::string path = dir_.File("bom.json");
     WriteFileBytes(path, "\xEF\xBB\xBF{}");
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_FAILED);
     EXPECT_EQ(manager->GetRootElement(), nullptr);
 }
@@ -524,7 +527,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileWithByteOrderMarkDoesNotParse) {
 TEST_F(JSONManagerLifecycleTest, ImportFileReplacesDocument) {
     const std::string path = dir_.File("doc.json");
     WriteFileBytes(path, "{\"new\":2,\"list\":[1,\"x\"]}\n");
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*manager), "{ \"new\": 2, \"list\": [ 1, \"x\" ] }");
     EXPECT_TRUE(CapturedLogs().empty());
@@ -533,10 +536,10 @@ TEST_F(JSONManagerLifecycleTest, ImportFileReplacesDocument) {
 TEST_F(JSONManagerLifecycleTest, ImportFileTwiceReleasesTheFileInBetween) {
     const std::string path = dir_.File("doc.json");
     WriteFileBytes(path, "[1]");
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
-    ManagerPtr other = NewManager();
+    ExportDestroyedManagerPtr other = NewManager();
     EXPECT_EQ(other->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*other), "[ 1 ]");
     EXPECT_TRUE(CapturedLogs().empty());
@@ -545,7 +548,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileTwiceReleasesTheFileInBetween) {
 TEST_F(JSONManagerLifecycleTest, ImportFileStopsAtFirstZeroByte) {
     const std::string path = dir_.File("zero.json");
     WriteFileBytes(path, std::string("{\"a\":1}\0{{{ not json", 20));
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*manager), "{ \"a\": 1 }");
 }
@@ -557,7 +560,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileReadsLargeFileWhole) {
     text += "]";
     const std::string path = dir_.File("large.json");
     WriteFileBytes(path, text);
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     ASSERT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
     EXPECT_EQ(manager->GetArrayCount(manager->GetRootElement(), nullptr), static_cast<int>(count));
 }
@@ -567,7 +570,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileNestingLimitMatchesStringImport) {
     const std::string tooDeep = dir_.File("deep.json");
     WriteFileBytes(fits, NestedObjects(31, "\"a\":[]"));
     WriteFileBytes(tooDeep, NestedArrays(32, "0"));
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(fits).c_str()), ZELT_SUCCESS);
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(tooDeep).c_str()), ZELT_FAILED);
     EXPECT_EQ(manager->GetRootElement(), nullptr);
@@ -577,7 +580,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileWithNonAsciiPath) {
     const std::string narrowPath = dir_.File("\xC3\xA9t\xC3\xA9-\xF0\x9F\x98\x80.json");
     const std::wstring widePath = WidePath(dir_.Path()) + L"/\u00E9t\u00E9-\U0001F600.json";
     WriteFileBytes(narrowPath, "{\"k\":\"v\"}");
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(manager->ImportFromJSONFile(widePath.c_str()), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*manager), "{ \"k\": \"v\" }");
 }
@@ -587,7 +590,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileWithNonAsciiPath) {
 TEST_F(JSONManagerLifecycleTest, SaveWithoutDocumentLogsAndLeavesEmptyFile) {
     const std::string path = dir_.File("out.json");
     WriteFileBytes(path, "previous content");
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(manager->SaveToJSONFile(WidePath(path).c_str()), ZELT_NOTHING_TO_SAVE);
     EXPECT_EQ(CapturedLogs(), Records{kNoTextRecord});
     ASSERT_TRUE(FileExists(path));
@@ -596,44 +599,44 @@ TEST_F(JSONManagerLifecycleTest, SaveWithoutDocumentLogsAndLeavesEmptyFile) {
 
 TEST_F(JSONManagerLifecycleTest, SaveWithoutDocumentCreatesTheFile) {
     const std::string path = dir_.File("new.json");
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(manager->SaveToJSONFile(WidePath(path).c_str()), ZELT_NOTHING_TO_SAVE);
     ASSERT_TRUE(FileExists(path));
     EXPECT_EQ(ReadFileBytes(path), "");
 }
 
 TEST_F(JSONManagerLifecycleTest, SaveNullPathFailsWithoutLog) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->SaveToJSONFile(nullptr), ZELT_BAD_ARGUMENT);
     EXPECT_TRUE(CapturedLogs().empty());
     EXPECT_EQ(SavedText(*manager), kOldSaved);
 }
 
 TEST_F(JSONManagerLifecycleTest, SaveNullPathWithoutDocumentFailsOnTheOpen) {
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     EXPECT_EQ(manager->SaveToJSONFile(nullptr), ZELT_BAD_ARGUMENT);
     EXPECT_TRUE(CapturedLogs().empty());
 }
 
 TEST_F(JSONManagerLifecycleTest, SaveInMissingFolderFailsWithoutLog) {
     const std::string path = dir_.File("none/out.json");
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->SaveToJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
     EXPECT_FALSE(FileExists(path));
-    ManagerPtr empty = NewManager();
+    ExportDestroyedManagerPtr empty = NewManager();
     EXPECT_EQ(empty->SaveToJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
     EXPECT_TRUE(CapturedLogs().empty());
 }
 
 TEST_F(JSONManagerLifecycleTest, SaveOntoDirectoryFails) {
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->SaveToJSONFile(WidePath(dir_.Path()).c_str()), ZELT_BAD_ARGUMENT);
     EXPECT_TRUE(CapturedLogs().empty());
 }
 
 TEST_F(JSONManagerLifecycleTest, SaveToFullDeviceLogsShortWrite) {
     if (!FileExists("/dev/full")) GTEST_SKIP() << "/dev/full does not exist";
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->SaveToJSONFile(L"/dev/full"), ZELT_FAILED);
     EXPECT_EQ(CapturedLogs(), Records{kShortWriteRecord});
 }
@@ -641,7 +644,7 @@ TEST_F(JSONManagerLifecycleTest, SaveToFullDeviceLogsShortWrite) {
 TEST_F(JSONManagerLifecycleTest, SaveTruncatesLongerFile) {
     const std::string path = dir_.File("out.json");
     WriteFileBytes(path, std::string(1000, 'x'));
-    ManagerPtr manager = NewManager();
+    ExportDestroyedManagerPtr manager = NewManager();
     ASSERT_EQ(manager->CreateNewDocument(), ZELT_SUCCESS);
     EXPECT_EQ(manager->SaveToJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
     EXPECT_EQ(ReadFileBytes(path), "{ }");
@@ -649,7 +652,7 @@ TEST_F(JSONManagerLifecycleTest, SaveTruncatesLongerFile) {
 }
 
 TEST_F(JSONManagerLifecycleTest, SaveLeavesDocumentUnchanged) {
-    ManagerPtr manager = ManagerWithText("{\"a\":[1,{\"b\":\"c\"}],\"d\":true}");
+    ExportDestroyedManagerPtr manager = ManagerWithText("{\"a\":[1,{\"b\":\"c\"}],\"d\":true}");
     JSONNode* root = manager->GetRootElement();
     const std::string first = SavedText(*manager);
     EXPECT_EQ(first, "{ \"a\": [ 1, { \"b\": \"c\" } ], \"d\": true }");
@@ -660,17 +663,17 @@ TEST_F(JSONManagerLifecycleTest, SaveLeavesDocumentUnchanged) {
 }
 
 TEST_F(JSONManagerLifecycleTest, SaveStringRootWritesBareCharacters) {
-    ManagerPtr manager = ManagerWithText("\"abc\"");
+    ExportDestroyedManagerPtr manager = ManagerWithText("\"abc\"");
     EXPECT_EQ(SavedText(*manager), "abc");
 }
 
 TEST_F(JSONManagerLifecycleTest, SaveStringRootIsNotEscaped) {
-    ManagerPtr manager = ManagerWithText("\"a\\\"b/c\\n\\u00e9\"");
+    ExportDestroyedManagerPtr manager = ManagerWithText("\"a\\\"b/c\\n\\u00e9\"");
     EXPECT_EQ(SavedText(*manager), "a\"b/c\n\xC3\xA9");
 }
 
 TEST_F(JSONManagerLifecycleTest, SaveEmptyStringRootWritesNothing) {
-    ManagerPtr manager = ManagerWithText("\"\"");
+    ExportDestroyedManagerPtr manager = ManagerWithText("\"\"");
     const SaveOutcome outcome = SaveToTemporaryFile(*manager);
     EXPECT_EQ(outcome.result, ZELT_SUCCESS);
     EXPECT_EQ(outcome.bytes, "");
@@ -678,10 +681,11 @@ TEST_F(JSONManagerLifecycleTest, SaveEmptyStringRootWritesNothing) {
 }
 
 TEST_F(JSONManagerLifecycleTest, SaveThenImportGivesTheSameText) {
-    ManagerPtr manager = ManagerWithText("{\"s\":\"a/b\\t\",\"n\":-3,\"l\":[[],{}],\"t\":false}");
+    ExportDestroyedManagerPtr manager =
+        ManagerWithText("{\"s\":\"a/b\\t\",\"n\":-3,\"l\":[[],{}],\"t\":false}");
     const std::string path = dir_.File("round.json");
     ASSERT_EQ(manager->SaveToJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
-    ManagerPtr again = NewManager();
+    ExportDestroyedManagerPtr again = NewManager();
     ASSERT_EQ(again->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*again), ReadFileBytes(path));
     EXPECT_EQ(ReadFileBytes(path),
@@ -691,7 +695,7 @@ TEST_F(JSONManagerLifecycleTest, SaveThenImportGivesTheSameText) {
 TEST_F(JSONManagerLifecycleTest, SaveWithNonAsciiPath) {
     const std::string narrowPath = dir_.File("\xC3\xA9-\xF0\x9F\x98\x80.json");
     const std::wstring widePath = WidePath(dir_.Path()) + L"/\u00E9-\U0001F600.json";
-    ManagerPtr manager = ManagerWithOldDocument();
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     EXPECT_EQ(manager->SaveToJSONFile(widePath.c_str()), ZELT_SUCCESS);
     ASSERT_TRUE(FileExists(narrowPath));
     EXPECT_EQ(ReadFileBytes(narrowPath), kOldSaved);

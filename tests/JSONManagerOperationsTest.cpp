@@ -9,12 +9,12 @@
 #include <climits>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <vector>
 
 #include "support/LogCapture.h"
-#include "support/ManagerHelpers.h"
+#include "support/ManagerTesting.h"
+#include "support/VirtualSlot.h"
 
 namespace {
 
@@ -57,7 +57,7 @@ protected:
         return read.text;
     }
 
-    ManagerPtr manager_;
+    ExportDestroyedManagerPtr manager_;
     JSONNode* root_ = nullptr;
 };
 
@@ -84,7 +84,7 @@ TEST_F(JSONManagerOperationsTest, AddElementNullParentUsesRoot) {
 }
 
 TEST_F(JSONManagerOperationsTest, AddElementWithoutDocumentReturnsNull) {
-    ManagerPtr empty = NewManager();
+    ExportDestroyedManagerPtr empty = NewManager();
     for (int type : {0, 1, 2, 3, 4}) {
         SCOPED_TRACE(type);
         EXPECT_EQ(empty->AddElement(nullptr, L"a", type), nullptr);
@@ -262,7 +262,7 @@ TEST_F(JSONManagerOperationsTest, GetElementNullParentUsesRoot) {
 }
 
 TEST_F(JSONManagerOperationsTest, GetElementWithoutDocumentReturnsNull) {
-    ManagerPtr empty = NewManager();
+    ExportDestroyedManagerPtr empty = NewManager();
     EXPECT_EQ(empty->GetElement(nullptr, L"a"), nullptr);
 }
 
@@ -451,13 +451,13 @@ TEST_F(JSONManagerOperationsTest, SetDWORDWritesSigned32BitText) {
     const char* texts[] = {"0", "1", "2147483647", "-2147483648", "-1"};
     for (std::size_t i = 0; i < 5; ++i) {
         SCOPED_TRACE(values[i]);
-        ManagerPtr writer = NewManager();
+        ExportDestroyedManagerPtr writer = NewManager();
         ASSERT_EQ(writer->CreateNewDocument(), ZELT_SUCCESS);
         ASSERT_EQ(writer->SetDWORDAttribute(writer->GetRootElement(), L"v", values[i]),
                   ZELT_SUCCESS);
         const std::string saved = SavedText(*writer);
         EXPECT_EQ(saved, std::string("{ \"v\": ") + texts[i] + " }");
-        ManagerPtr reader = ManagerWithText(saved);
+        ExportDestroyedManagerPtr reader = ManagerWithText(saved);
         DWORD value = 0xDEADBEEF;
         EXPECT_EQ(reader->GetDWORDAttribute(nullptr, L"v", &value), ZELT_SUCCESS);
         EXPECT_EQ(value, values[i]);
@@ -592,7 +592,7 @@ TEST_F(JSONManagerOperationsTest, GetDWORDNullNodeUsesRoot) {
 }
 
 TEST_F(JSONManagerOperationsTest, GetDWORDWithoutDocumentFails) {
-    ManagerPtr empty = NewManager();
+    ExportDestroyedManagerPtr empty = NewManager();
     DWORD value = 77;
     EXPECT_EQ(empty->GetDWORDAttribute(nullptr, L"a", &value), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(value, 77u);
@@ -714,7 +714,7 @@ TEST_F(JSONManagerOperationsTest, GetStringNullNodeUsesRoot) {
 }
 
 TEST_F(JSONManagerOperationsTest, GetStringWithoutDocumentFails) {
-    ManagerPtr empty = NewManager();
+    ExportDestroyedManagerPtr empty = NewManager();
     std::vector<wchar_t> buffer(8, L'#');
     int length = 8;
     EXPECT_EQ(empty->GetStringAttribute(nullptr, L"s", buffer.data(), &length), ZELT_BAD_ARGUMENT);
@@ -946,7 +946,7 @@ TEST_F(JSONManagerOperationsTest, GetArrayStringNullArrayUsesRoot) {
 }
 
 TEST_F(JSONManagerOperationsTest, GetArrayStringWithoutDocumentFails) {
-    ManagerPtr empty = NewManager();
+    ExportDestroyedManagerPtr empty = NewManager();
     std::vector<wchar_t> buffer(8, L'#');
     int length = 8;
     EXPECT_EQ(empty->GetArrayStringAttribute(nullptr, L"l", 0, buffer.data(), &length),
@@ -1021,7 +1021,7 @@ TEST_F(JSONManagerOperationsTest, GetArrayCountNullArrayFails) {
     Load(R"([1,2])");
     EXPECT_EQ(manager_->GetArrayCount(nullptr, L"l"), ZELT_FAILED);
     EXPECT_EQ(manager_->GetArrayCount(nullptr, nullptr), ZELT_FAILED);
-    ManagerPtr empty = NewManager();
+    ExportDestroyedManagerPtr empty = NewManager();
     EXPECT_EQ(empty->GetArrayCount(nullptr, L"l"), ZELT_FAILED);
 }
 
@@ -1135,50 +1135,27 @@ TEST_F(JSONManagerOperationsTest, RemoveElementNameOf1024BytesFails) {
 
 // ---- Virtual slot order
 
-// On the Itanium C++ ABI a pointer to a virtual member function holds one plus
-// the byte offset of its entry in the virtual table. The virtual destructor
-// takes the first two entries (complete and deleting).
-struct MemberFunctionPointerBits {
-    std::uintptr_t pointer;
-    std::ptrdiff_t adjustment;
-};
-
-template <class MemberFunction>
-MemberFunctionPointerBits BitsOf(MemberFunction function) {
-    static_assert(sizeof(MemberFunction) == sizeof(MemberFunctionPointerBits),
-                  "Itanium C++ ABI member function pointer");
-    MemberFunctionPointerBits bits{};
-    std::memcpy(&bits, &function, sizeof bits);
-    return bits;
-}
-
-template <class MemberFunction>
-std::uintptr_t VirtualTableEntry(MemberFunction function) {
-    const MemberFunctionPointerBits bits = BitsOf(function);
-    EXPECT_EQ(bits.pointer % sizeof(void*), 1u) << "not a virtual function";
-    EXPECT_EQ(bits.adjustment, 0);
-    return (bits.pointer - 1) / sizeof(void*);
-}
-
 TEST(JSONManagerSlotOrderTest, OperationsOccupyTheirVirtualSlots) {
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::ClearDocument), 2u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::CreateNewDocument), 3u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::ImportFromJSONFile), 4u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::ImportFromJSONString), 5u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::SaveToJSONFile), 6u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::GetRootElement), 7u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::AddElement), 8u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::GetElement), 9u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::GetArrayElement), 10u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::SetDWORDAttribute), 11u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::SetStringAttribute), 12u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::GetDWORDAttribute), 13u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::GetStringAttribute), 14u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::GetArrayStringAttribute), 15u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::GetArrayCount), 16u);
-    EXPECT_EQ(VirtualTableEntry(&IJSONManager::RemoveElement), 17u);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::ClearDocument), 1);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::CreateNewDocument), 2);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::ImportFromJSONFile), 3);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::ImportFromJSONString), 4);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::SaveToJSONFile), 5);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::GetRootElement), 6);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::AddElement), 7);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::GetElement), 8);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::GetArrayElement), 9);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::SetDWORDAttribute), 10);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::SetStringAttribute), 11);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::GetDWORDAttribute), 12);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::GetStringAttribute), 13);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::GetArrayStringAttribute), 14);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::GetArrayCount), 15);
+    EXPECT_EQ(VirtualSlotOf(&IJSONManager::RemoveElement), 16);
 }
 
+// The pointer holds one plus the byte offset of the virtual table entry; the
+// destructor's two entries come first.
 TEST(JSONManagerSlotOrderTest, PointerHoldsOnePlusByteOffset) {
     EXPECT_EQ(BitsOf(&IJSONManager::ClearDocument).pointer, 1u + 2 * sizeof(void*));
     EXPECT_EQ(BitsOf(&IJSONManager::RemoveElement).pointer, 1u + 17 * sizeof(void*));

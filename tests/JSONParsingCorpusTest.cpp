@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "support/LogCapture.h"
-#include "support/ManagerHelpers.h"
+#include "support/ManagerTesting.h"
 #include "support/TempFile.h"
 
 namespace {
@@ -91,7 +91,7 @@ TEST_P(JSONParsingCorpusTest, ImportsAndSavesConsistently) {
     const std::string bytes = ReadFileBytes(Path());
     const char kind = GetParam()[0];
 
-    ManagerPtr fromFile = NewManager();
+    ExportDestroyedManagerPtr fromFile = NewManager();
     const int fileResult = fromFile->ImportFromJSONFile(WidePath(Path()).c_str());
     EXPECT_TRUE(CapturedLogs().empty());
     if (bytes.empty()) {
@@ -105,7 +105,7 @@ TEST_P(JSONParsingCorpusTest, ImportsAndSavesConsistently) {
     }
 
     if (!HasZeroByte(bytes)) {
-        ManagerPtr fromText = NewManager();
+        ExportDestroyedManagerPtr fromText = NewManager();
         const int textResult = ImportText(*fromText, bytes);
         EXPECT_TRUE(textResult == ZELT_SUCCESS || textResult == ZELT_BAD_ARGUMENT) << textResult;
         // Both imports parse the same text the same way.
@@ -121,7 +121,7 @@ TEST_P(JSONParsingCorpusTest, ImportsAndSavesConsistently) {
     EXPECT_TRUE(CapturedLogs().empty());
     // A text that starts with { or [ and imports has an object or array root.
     if (!StartsContainer(bytes) || HoldsNonFiniteNumber(saved.bytes)) return;
-    ManagerPtr again = NewManager();
+    ExportDestroyedManagerPtr again = NewManager();
     ASSERT_EQ(ImportText(*again, saved.bytes), ZELT_SUCCESS) << saved.bytes;
     EXPECT_EQ(SavedText(*again), saved.bytes);
 }

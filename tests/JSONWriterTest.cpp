@@ -7,7 +7,7 @@
 #include <string>
 
 #include "support/LogCapture.h"
-#include "support/ManagerHelpers.h"
+#include "support/ManagerTesting.h"
 
 namespace {
 
@@ -67,11 +67,11 @@ protected:
 
     // The saved text of the document parsed from text.
     std::string SavedFrom(const std::string& text) {
-        ManagerPtr manager = ManagerWithText(text);
+        ExportDestroyedManagerPtr manager = ManagerWithText(text);
         return SavedText(*manager);
     }
 
-    ManagerPtr manager_;
+    ExportDestroyedManagerPtr manager_;
     JSONNode* root_ = nullptr;
 };
 

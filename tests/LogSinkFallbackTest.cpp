@@ -6,53 +6,22 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <memory>
 #include <string>
 
+#include "support/ManagerTesting.h"
+#include "support/TempFile.h"
+
 namespace {
-
-struct ManagerDeleter {
-    void operator()(IJSONManager* manager) const { zeltDestroyJSONManager(manager); }
-};
-using ManagerPtr = std::unique_ptr<IJSONManager, ManagerDeleter>;
-
-// A private folder under the system's temporary folder, removed afterwards.
-class ScratchFolder {
-public:
-    ScratchFolder() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "zelt-logsink-XXXXXX").string();
-        if (mkdtemp(pattern.data()) != nullptr) path_ = pattern;
-    }
-    ~ScratchFolder() {
-        std::error_code ignored;
-        if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
-    }
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-    bool Made() const { return !path_.empty(); }
-    std::string File(const std::string& name) const { return path_ + "/" + name; }
-
-private:
-    std::string path_;
-};
-
-std::wstring Wide(const std::string& ascii) { return std::wstring(ascii.begin(), ascii.end()); }
 
 class LogSinkFallbackTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(folder_.Made());
-        manager_.reset(zeltCreateJSONManager(nullptr, 0));
+        manager_ = NewManager();
         ASSERT_NE(manager_, nullptr);
     }
 
-    ScratchFolder folder_;
-    ManagerPtr manager_;
+    TempDir folder_;
+    ExportDestroyedManagerPtr manager_;
 };
 
 TEST_F(LogSinkFallbackTest, NullPathImportWritesOneLine) {
@@ -66,7 +35,7 @@ TEST_F(LogSinkFallbackTest, NullPathImportWritesOneLine) {
 }
 
 TEST_F(LogSinkFallbackTest, MissingFileImportWritesOneLine) {
-    const std::wstring path = Wide(folder_.File("missing.json"));
+    const std::wstring path = WidePath(folder_.File("missing.json"));
     testing::internal::CaptureStderr();
     const int result = manager_->ImportFromJSONFile(path.c_str());
     const std::string written = testing::internal::GetCapturedStderr();
@@ -77,7 +46,7 @@ TEST_F(LogSinkFallbackTest, MissingFileImportWritesOneLine) {
 }
 
 TEST_F(LogSinkFallbackTest, SaveWithoutDocumentWritesOneLine) {
-    const std::wstring path = Wide(folder_.File("out.json"));
+    const std::wstring path = WidePath(folder_.File("out.json"));
     testing::internal::CaptureStderr();
     const int result = manager_->SaveToJSONFile(path.c_str());
     const std::string written = testing::internal::GetCapturedStderr();
@@ -88,7 +57,7 @@ TEST_F(LogSinkFallbackTest, SaveWithoutDocumentWritesOneLine) {
 }
 
 TEST_F(LogSinkFallbackTest, ShortWriteWritesOneLine) {
-    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "/dev/full does not exist";
+    if (!FileExists("/dev/full")) GTEST_SKIP() << "/dev/full does not exist";
     ASSERT_EQ(manager_->CreateNewDocument(), ZELT_SUCCESS);
     testing::internal::CaptureStderr();
     const int result = manager_->SaveToJSONFile(L"/dev/full");
@@ -100,7 +69,7 @@ TEST_F(LogSinkFallbackTest, ShortWriteWritesOneLine) {
 }
 
 TEST_F(LogSinkFallbackTest, EachFailureWritesItsOwnLine) {
-    const std::wstring path = Wide(folder_.File("out.json"));
+    const std::wstring path = WidePath(folder_.File("out.json"));
     testing::internal::CaptureStderr();
     manager_->ImportFromJSONFile(nullptr);
     manager_->SaveToJSONFile(path.c_str());
@@ -115,13 +84,13 @@ TEST_F(LogSinkFallbackTest, EachFailureWritesItsOwnLine) {
 
 TEST_F(LogSinkFallbackTest, SilentOperationsWriteNothing) {
     const std::string file = folder_.File("doc.json");
-    std::ofstream(file, std::ios::binary) << "{\"a\":[1,2]}";
+    WriteFileBytes(file, "{\"a\":[1,2]}");
     testing::internal::CaptureStderr();
-    EXPECT_EQ(manager_->ImportFromJSONFile(Wide(file).c_str()), ZELT_SUCCESS);
-    EXPECT_EQ(manager_->SaveToJSONFile(Wide(folder_.File("copy.json")).c_str()), ZELT_SUCCESS);
+    EXPECT_EQ(manager_->ImportFromJSONFile(WidePath(file).c_str()), ZELT_SUCCESS);
+    EXPECT_EQ(manager_->SaveToJSONFile(WidePath(folder_.File("copy.json")).c_str()), ZELT_SUCCESS);
     EXPECT_EQ(manager_->ImportFromJSONString("[1,", 3), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(manager_->SaveToJSONFile(nullptr), ZELT_BAD_ARGUMENT);
-    EXPECT_EQ(manager_->SaveToJSONFile(Wide(folder_.File("none/x.json")).c_str()),
+    EXPECT_EQ(manager_->SaveToJSONFile(WidePath(folder_.File("none/x.json")).c_str()),
               ZELT_BAD_ARGUMENT);
     EXPECT_EQ(manager_->GetElement(nullptr, L"missing"), nullptr);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");

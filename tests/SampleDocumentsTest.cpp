@@ -12,8 +12,7 @@
 #include <vector>
 
 #include "support/ConfigurationTexts.h"
-#include "support/ElementTestSupport.h"
-#include "support/ManagerHelpers.h"
+#include "support/ElementTesting.h"
 #include "support/MessageCapture.h"
 #include "support/TempFile.h"
 
@@ -23,14 +22,11 @@ namespace {
 
 using Values = std::vector<std::wstring>;
 
-std::wstring SamplePath(const std::string& name) {
-    return WidePath(std::string(ZELT_SOURCE_DIR) + "/examples/" + name);
-}
-
 // A manager that imported the sample file itself.
-DocumentPtr SampleManager(const std::string& name) {
-    DocumentPtr manager = EmptyManager();
-    EXPECT_EQ(manager->ImportFromJSONFile(SamplePath(name).c_str()), ZELT_SUCCESS) << name;
+ManagerPtr SampleManager(const std::string& name) {
+    ManagerPtr manager = NewManager();
+    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(SamplePath(name)).c_str()), ZELT_SUCCESS)
+        << name;
     return manager;
 }
 
@@ -130,18 +126,12 @@ void ExpectFullContentUploadChannel(IContentUploadChannel& channel) {
 
 class SampleDocumentsTest : public ::testing::Test {
 protected:
-    std::string WrittenText(IVextorJSConfig& element) {
-        DocumentPtr manager = EmptyManager();
-        EXPECT_EQ(element.WriteToJSONMgr(manager.get(), nullptr, 1), ZELT_SUCCESS);
-        return SavedText(*manager);
-    }
-
     MessageCapture capture;
     ElementPtr<IVextorJSConfig> root{VextorJSConfig_CreateNewInstance()};
 };
 
 TEST_F(SampleDocumentsTest, FullSampleReadsEveryValue) {
-    DocumentPtr manager = SampleManager("full.json");
+    ManagerPtr manager = SampleManager("full.json");
     ASSERT_EQ(root->ReadFromJSONMgr(manager.get(), manager->GetRootElement()), ZELT_SUCCESS);
     EXPECT_TRUE(capture.Messages().empty());
 
@@ -159,7 +149,7 @@ TEST_F(SampleDocumentsTest, FullSampleReadsEveryValue) {
 }
 
 TEST_F(SampleDocumentsTest, MinimalSampleReadsWithEveryOptionalMemberAbsent) {
-    DocumentPtr manager = SampleManager("minimal.json");
+    ManagerPtr manager = SampleManager("minimal.json");
     ASSERT_EQ(root->ReadFromJSONMgr(manager.get(), manager->GetRootElement()), ZELT_SUCCESS);
 
     const ICommunication& communication = *root->GetClientSetting()->GetCommunication();
@@ -202,7 +192,7 @@ TEST_F(SampleDocumentsTest, MinimalSampleReadsWithEveryOptionalMemberAbsent) {
     EXPECT_EQ(*root->GetAdminPassword(), L"");
     EXPECT_EQ(OptionalValue(*root, &IVextorJSConfig::GetEnableTrayiconMenu), -1);
 
-    EXPECT_EQ(WrittenText(*root), kMinimalSampleText);
+    EXPECT_EQ(WrittenConfigurationText(*root), kMinimalSampleText);
     EXPECT_TRUE(capture.Messages().empty());
 }
 
@@ -210,21 +200,21 @@ class ValidSampleTest : public SampleDocumentsTest,
                         public ::testing::WithParamInterface<const char*> {};
 
 TEST_P(ValidSampleTest, SurvivesARoundTripThroughAFile) {
-    DocumentPtr manager = SampleManager(GetParam());
+    ManagerPtr manager = SampleManager(GetParam());
     ASSERT_EQ(root->ReadFromJSONMgr(manager.get(), manager->GetRootElement()), ZELT_SUCCESS);
     ASSERT_EQ(root->WriteToJSONMgr(manager.get(), nullptr, 1), ZELT_SUCCESS);
     TempDir dir;
     const std::string path = dir.File("round-trip.json");
     ASSERT_EQ(manager->SaveToJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
 
-    DocumentPtr imported = EmptyManager();
+    ManagerPtr imported = NewManager();
     ASSERT_EQ(imported->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
     ElementPtr<IVextorJSConfig> again(VextorJSConfig_CreateNewInstance());
     ASSERT_EQ(again->ReadFromJSONMgr(imported.get(), imported->GetRootElement()), ZELT_SUCCESS);
 
     // Both trees write the same document, which is what was saved.
-    EXPECT_EQ(WrittenText(*again), WrittenText(*root));
-    EXPECT_EQ(WrittenText(*again), ReadFileBytes(path));
+    EXPECT_EQ(WrittenConfigurationText(*again), WrittenConfigurationText(*root));
+    EXPECT_EQ(WrittenConfigurationText(*again), ReadFileBytes(path));
     EXPECT_TRUE(capture.Messages().empty());
 }
 
@@ -245,10 +235,10 @@ class InvalidSampleTest : public SampleDocumentsTest,
 
 TEST_P(InvalidSampleTest, FailsWithTheWholeChainAndLeavesTheRootCleared) {
     {
-        DocumentPtr full = SampleManager("full.json");
+        ManagerPtr full = SampleManager("full.json");
         ASSERT_EQ(root->ReadFromJSONMgr(full.get(), full->GetRootElement()), ZELT_SUCCESS);
     }
-    DocumentPtr manager = SampleManager(GetParam().name);
+    ManagerPtr manager = SampleManager(GetParam().name);
     EXPECT_EQ(root->ReadFromJSONMgr(manager.get(), manager->GetRootElement()), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(), GetParam().messages);
 
@@ -256,7 +246,7 @@ TEST_P(InvalidSampleTest, FailsWithTheWholeChainAndLeavesTheRootCleared) {
     EXPECT_EQ(*root->GetProfileName(), L"");
     IEnforceList* enforce = nullptr;
     EXPECT_EQ(root->GetAdvancedRule()->GetEnforceList(&enforce), ZELT_NOT_PRESENT);
-    EXPECT_EQ(WrittenText(*root), kFreshRootText);
+    EXPECT_EQ(WrittenConfigurationText(*root), kFreshRootText);
     EXPECT_TRUE(capture.Messages().empty());
 }
 

@@ -1,7 +1,9 @@
 // Tests of the three string lists (ClientRequestHeaders, IPList, VPNDescList)
 // and their entries. Every case runs once per list.
 #include "support/ElementTesting.h"
+#include "support/InterceptingManager.h"
 #include "support/MessageCapture.h"
+#include "support/VirtualSlot.h"
 
 #include <zelt/zelt.h>
 
@@ -14,8 +16,6 @@
 using namespace VextorJSConfig;
 
 namespace {
-
-using Messages = std::vector<std::wstring>;
 
 struct ClientRequestHeadersKind {
     using List = IClientRequestHeaders;
@@ -82,8 +82,7 @@ protected:
 
     // Reads the member under the list's key of the document text.
     static int ReadFromText(List& list, const std::string& text) {
-        ManagerPtr mgr = ManagerFromText(text);
-        return list.ReadFromJSONMgr(mgr.get(), mgr->GetElement(nullptr, Kind::kList));
+        return ReadFromDocument(list, text, Kind::kList);
     }
 
     // The document text of a root holding the list's member with this value.
@@ -118,28 +117,28 @@ TYPED_TEST_SUITE(StringListsTest, Kinds, KindNames);
 
 TYPED_TEST(StringListsTest, ListVirtualSlotsAreInContractOrder) {
     using List = typename TypeParam::List;
-    EXPECT_SLOT(1, &List::WriteToJSONMgr);
-    EXPECT_SLOT(2, &List::ReadFromJSONMgr);
-    EXPECT_SLOT(3, &List::Clear);
-    EXPECT_SLOT(4, &List::CopyFrom);
-    EXPECT_SLOT(5, &List::GetElementType);
-    EXPECT_SLOT(6, &List::GetItemCount);
-    EXPECT_SLOT(7, &List::GetItem);
-    EXPECT_SLOT(8, &List::AddItem);
-    EXPECT_SLOT(9, &List::InsertItem);
-    EXPECT_SLOT(10, &List::RemoveItem);
-    EXPECT_SLOT(11, &List::RemoveAllItems);
+    EXPECT_EQ(VirtualSlotOf(&List::WriteToJSONMgr), 1);
+    EXPECT_EQ(VirtualSlotOf(&List::ReadFromJSONMgr), 2);
+    EXPECT_EQ(VirtualSlotOf(&List::Clear), 3);
+    EXPECT_EQ(VirtualSlotOf(&List::CopyFrom), 4);
+    EXPECT_EQ(VirtualSlotOf(&List::GetElementType), 5);
+    EXPECT_EQ(VirtualSlotOf(&List::GetItemCount), 6);
+    EXPECT_EQ(VirtualSlotOf(&List::GetItem), 7);
+    EXPECT_EQ(VirtualSlotOf(&List::AddItem), 8);
+    EXPECT_EQ(VirtualSlotOf(&List::InsertItem), 9);
+    EXPECT_EQ(VirtualSlotOf(&List::RemoveItem), 10);
+    EXPECT_EQ(VirtualSlotOf(&List::RemoveAllItems), 11);
 }
 
 TYPED_TEST(StringListsTest, EntryVirtualSlotsAreInContractOrder) {
     using Entry = typename TypeParam::Entry;
-    EXPECT_SLOT(1, &Entry::WriteToJSONMgr);
-    EXPECT_SLOT(2, &Entry::ReadFromJSONMgr);
-    EXPECT_SLOT(3, &Entry::Clear);
-    EXPECT_SLOT(4, &Entry::CopyFrom);
-    EXPECT_SLOT(5, &Entry::GetElementType);
-    EXPECT_SLOT(6, &Entry::GetStringValue);
-    EXPECT_SLOT(7, &Entry::SetStringValue);
+    EXPECT_EQ(VirtualSlotOf(&Entry::WriteToJSONMgr), 1);
+    EXPECT_EQ(VirtualSlotOf(&Entry::ReadFromJSONMgr), 2);
+    EXPECT_EQ(VirtualSlotOf(&Entry::Clear), 3);
+    EXPECT_EQ(VirtualSlotOf(&Entry::CopyFrom), 4);
+    EXPECT_EQ(VirtualSlotOf(&Entry::GetElementType), 5);
+    EXPECT_EQ(VirtualSlotOf(&Entry::GetStringValue), 6);
+    EXPECT_EQ(VirtualSlotOf(&Entry::SetStringValue), 7);
 }
 
 TYPED_TEST(StringListsTest, FactoriesGiveAnEmptyListAndAnEmptyEntry) {
@@ -220,7 +219,7 @@ TYPED_TEST(StringListsTest, EntryWrittenUnderAnArrayBecomesABareItem) {
 TYPED_TEST(StringListsTest, EntryWriteFailures) {
     MessageCapture capture;
     auto entry = this->NewEntry(L"value");
-    ManagerPtr mgr = ManagerFromText("{ \"text\": \"x\" }");
+    ManagerPtr mgr = ManagerWithText("{ \"text\": \"x\" }");
     EXPECT_EQ(entry->WriteToJSONMgr(nullptr, mgr->GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(entry->WriteToJSONMgr(mgr.get(), nullptr, 1), ZELT_FAILED);
     // A string node can hold no member.
@@ -237,7 +236,7 @@ TYPED_TEST(StringListsTest, EntryWriteFailures) {
 
 TYPED_TEST(StringListsTest, EntryReadsBothItemForms) {
     ManagerPtr mgr =
-        ManagerFromText("{ \"StringValue\": \"from object\", \"bare\": \"from string\" }");
+        ManagerWithText("{ \"StringValue\": \"from object\", \"bare\": \"from string\" }");
     auto entry = this->NewEntry(L"old");
     EXPECT_EQ(entry->ReadFromJSONMgr(mgr.get(), mgr->GetRootElement()), ZELT_SUCCESS);
     EXPECT_EQ(*entry->GetStringValue(), L"from object");
@@ -247,7 +246,7 @@ TYPED_TEST(StringListsTest, EntryReadsBothItemForms) {
 
 TYPED_TEST(StringListsTest, EntryReadFailures) {
     MessageCapture capture;
-    ManagerPtr mgr = ManagerFromText("{ \"number\": 5 }");
+    ManagerPtr mgr = ManagerWithText("{ \"number\": 5 }");
     auto entry = this->NewEntry(L"kept");
     EXPECT_EQ(entry->ReadFromJSONMgr(nullptr, mgr->GetRootElement()), ZELT_FAILED);
     EXPECT_EQ(*entry->GetStringValue(), L"kept");
@@ -410,7 +409,7 @@ TYPED_TEST(StringListsTest, TwoEntriesAreWrittenAsAnArrayInOrder) {
 TYPED_TEST(StringListsTest, AnEmptyListWritesNothing) {
     MessageCapture capture;
     auto list = this->NewList();
-    ScriptedManager mgr(ManagerWithEmptyDocument());
+    InterceptingManager mgr(ManagerWithEmptyDocument());
     EXPECT_EQ(list->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_SUCCESS);
     EXPECT_TRUE(mgr.calls.empty());
     EXPECT_EQ(SavedText(mgr), "{ }");
@@ -419,7 +418,7 @@ TYPED_TEST(StringListsTest, AnEmptyListWritesNothing) {
 
 TYPED_TEST(StringListsTest, WritingReplacesAMemberOfTheSameKey) {
     auto list = this->NewList({L"new"});
-    ManagerPtr mgr = ManagerFromText("{ \"" + this->Key() + "\": 5, \"after\": 1 }");
+    ManagerPtr mgr = ManagerWithText("{ \"" + this->Key() + "\": 5, \"after\": 1 }");
     EXPECT_EQ(list->WriteToJSONMgr(mgr.get(), mgr->GetRootElement(), 1), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*mgr), "{ \"after\": 1, \"" + this->Key() + "\": [ \"new\" ] }");
 }
@@ -450,7 +449,7 @@ TYPED_TEST(StringListsTest, WriteWithoutManagerOrParentFails) {
 TYPED_TEST(StringListsTest, WriteFailsWhenTheArrayIsNotCreated) {
     MessageCapture capture;
     auto list = this->NewList({L"a"});
-    ScriptedManager mgr(ManagerWithEmptyDocument());
+    InterceptingManager mgr(ManagerWithEmptyDocument());
     mgr.refusedElements.insert(TypeParam::kList);
     EXPECT_EQ(list->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(
@@ -463,7 +462,7 @@ TYPED_TEST(StringListsTest, WriteFailsWhenTheArrayIsNotCreated) {
 TYPED_TEST(StringListsTest, AFailingEntryStopsTheWriteAndKeepsTheEarlierItems) {
     MessageCapture capture;
     auto list = this->NewList({L"a", L"b", L"c"});
-    ScriptedManager mgr(ManagerWithEmptyDocument());
+    InterceptingManager mgr(ManagerWithEmptyDocument());
     mgr.failingStringWrite = 2;
     EXPECT_EQ(list->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(
@@ -478,7 +477,7 @@ TYPED_TEST(StringListsTest, AFailingEntryStopsTheWriteAndKeepsTheEarlierItems) {
 
 TYPED_TEST(StringListsTest, EachEntryIsWrittenIntoTheArrayItself) {
     auto list = this->NewList({L"a", L"b"});
-    ScriptedManager mgr(ManagerWithEmptyDocument());
+    InterceptingManager mgr(ManagerWithEmptyDocument());
     ASSERT_EQ(list->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_SUCCESS);
     const std::wstring key = TypeParam::kList;
     EXPECT_EQ(mgr.calls, (std::vector<std::wstring>{
@@ -580,7 +579,7 @@ TYPED_TEST(StringListsTest, ReadWithoutManagerFailsAndKeepsTheList) {
 
 TYPED_TEST(StringListsTest, ItemsAreFetchedOnceEachInOrder) {
     auto list = this->NewList();
-    ScriptedManager mgr(ManagerFromText(this->Document("[ \"a\", \"b\", \"c\" ]")));
+    InterceptingManager mgr(ManagerWithText(this->Document("[ \"a\", \"b\", \"c\" ]")));
     ASSERT_EQ(list->ReadFromJSONMgr(&mgr, mgr.GetElement(nullptr, TypeParam::kList)), ZELT_SUCCESS);
     const std::wstring entry = TypeParam::kEntry;
     mgr.calls.erase(mgr.calls.begin());  // the lookup of the list above
@@ -609,7 +608,7 @@ TYPED_TEST(StringListsTest, WriteSaveImportAndReadGiveTheSameList) {
     ManagerPtr written = ManagerWithEmptyDocument();
     ASSERT_EQ(source->WriteToJSONMgr(written.get(), written->GetRootElement(), 1), ZELT_SUCCESS);
     ASSERT_EQ(written->SaveToJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
-    ManagerPtr imported = ManagerWithoutDocument();
+    ManagerPtr imported = NewManager();
     ASSERT_EQ(imported->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
     auto read = this->NewList();
     ASSERT_EQ(

@@ -11,9 +11,10 @@
 #include <vector>
 
 #include "support/ConfigurationTexts.h"
-#include "support/ElementTestSupport.h"
-#include "support/ManagerHelpers.h"
+#include "support/ElementTesting.h"
+#include "support/InterceptingManager.h"
 #include "support/MessageCapture.h"
+#include "support/VirtualSlot.h"
 
 using namespace VextorJSConfig;
 
@@ -24,17 +25,11 @@ using Values = std::vector<std::wstring>;
 class VextorJSConfigTest : public ::testing::Test {
 protected:
     int ReadFromText(const std::string& text) {
-        DocumentPtr manager = DocumentManager(text);
+        ManagerPtr manager = ManagerWithText(text);
         return root->ReadFromJSONMgr(manager.get(), manager->GetRootElement());
     }
 
     void ReadFrom(const std::string& text) { ASSERT_EQ(ReadFromText(text), ZELT_SUCCESS); }
-
-    std::string WrittenText() {
-        DocumentPtr manager = EmptyManager();
-        EXPECT_EQ(root->WriteToJSONMgr(manager.get(), nullptr, 1), ZELT_SUCCESS);
-        return SavedText(*manager);
-    }
 
     void ExpectCleared() {
         EXPECT_EQ(root->GetElementType(), 0u);
@@ -50,7 +45,7 @@ protected:
         EXPECT_EQ(root->GetContentUploadChannel()->GetClientRequestHeaders(&headers),
                   ZELT_NOT_PRESENT);
         const Messages before = capture.Messages();
-        EXPECT_EQ(WrittenText(), kFreshRootText);
+        EXPECT_EQ(WrittenConfigurationText(*root), kFreshRootText);
         EXPECT_EQ(capture.Messages(), before);
     }
 
@@ -105,7 +100,7 @@ TEST_F(VextorJSConfigTest, ReservedSlotsHoldNothing) {
     root->ReservedSlot21(nullptr);
     EXPECT_EQ(root->ReservedSlot20(&out), ZELT_NOT_PRESENT);
     EXPECT_EQ(out, 12345u);
-    EXPECT_EQ(WrittenText(), kFreshRootText);
+    EXPECT_EQ(WrittenConfigurationText(*root), kFreshRootText);
     EXPECT_TRUE(capture.Messages().empty());
 }
 
@@ -191,18 +186,18 @@ TEST_F(VextorJSConfigTest, TrayiconMenuSwitchIsOptional) {
     DWORD out = 12345;
     EXPECT_EQ(root->GetEnableTrayiconMenu(&out), ZELT_SUCCESS);
     EXPECT_EQ(out, 0u);
-    const std::string written = WrittenText();
+    const std::string written = WrittenConfigurationText(*root);
     EXPECT_EQ(written, std::string(kFreshRootText, sizeof kFreshRootText - 3) +
                            R"(, "EnableTrayiconMenu": 0 })");
     root->SetEnableTrayiconMenu(nullptr);
     out = 12345;
     EXPECT_EQ(root->GetEnableTrayiconMenu(&out), ZELT_NOT_PRESENT);
     EXPECT_EQ(out, 12345u);
-    EXPECT_EQ(WrittenText(), kFreshRootText);
+    EXPECT_EQ(WrittenConfigurationText(*root), kFreshRootText);
 }
 
 TEST_F(VextorJSConfigTest, WriteReplacesTheManagersDocument) {
-    DocumentPtr manager = DocumentManager(R"({ "Other": [ 1, 2 ], "ProfileName": "x" })");
+    ManagerPtr manager = ManagerWithText(R"({ "Other": [ 1, 2 ], "ProfileName": "x" })");
     EXPECT_EQ(root->WriteToJSONMgr(manager.get(), manager->GetRootElement(), 1), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*manager), kFreshRootText);
     EXPECT_TRUE(capture.Messages().empty());
@@ -215,11 +210,11 @@ TEST_F(VextorJSConfigTest, WriteWithoutManagerFails) {
 }
 
 TEST_F(VextorJSConfigTest, WriteFailsWithoutANewDocument) {
-    DocumentPtr real = DocumentManager(R"({ "Other": 1 })");
-    FaultInjectingManager manager(*real);
-    manager.failCreateNewDocument = true;
+    InterceptingManager manager(ManagerWithText(R"({ "Other": 1 })"));
+    IJSONManager& real = manager.Inner();
+    manager.failingCreateNewDocument = true;
     EXPECT_EQ(root->WriteToJSONMgr(&manager, nullptr, 1), ZELT_FAILED);
-    manager.failCreateNewDocument = false;
+    manager.failingCreateNewDocument = false;
     manager.nullRootElement = true;
     EXPECT_EQ(root->WriteToJSONMgr(&manager, nullptr, 1), ZELT_FAILED);
     EXPECT_EQ(
@@ -227,7 +222,7 @@ TEST_F(VextorJSConfigTest, WriteFailsWithoutANewDocument) {
         (Messages{L"JSONManager: required element pointer is NULL. element: VextorJSConfig",
                   L"JSONManager: required element pointer is NULL. element: VextorJSConfig"}));
     // The second attempt had already started the new document.
-    EXPECT_EQ(SavedText(*real), "{ }");
+    EXPECT_EQ(SavedText(real), "{ }");
 }
 
 struct WriteFailure {
@@ -240,23 +235,23 @@ struct WriteFailure {
 // Printed as the failure it describes, so that test names stay the same
 // from run to run.
 void PrintTo(const WriteFailure& failure, std::ostream* out) {
-    if (failure.failingAdd != nullptr) *out << "Add" << NarrowForPrinting(failure.failingAdd);
-    if (failure.failingSet != nullptr) *out << "Set" << NarrowForPrinting(failure.failingSet);
+    if (failure.failingAdd != nullptr) *out << "Add" << Narrow(failure.failingAdd);
+    if (failure.failingSet != nullptr) *out << "Set" << Narrow(failure.failingSet);
 }
 
 class VextorJSConfigWriteFailureTest : public VextorJSConfigTest,
                                        public ::testing::WithParamInterface<WriteFailure> {};
 
 TEST_P(VextorJSConfigWriteFailureTest, StopsAtTheFailingMemberAndKeepsWhatWasWritten) {
-    DocumentPtr sample = DocumentManager(SampleText("full.json"));
+    ManagerPtr sample = ManagerWithText(SampleText("full.json"));
     ASSERT_EQ(root->ReadFromJSONMgr(sample.get(), sample->GetRootElement()), ZELT_SUCCESS);
-    DocumentPtr real = DocumentManager(R"({ "Other": 1 })");
-    FaultInjectingManager manager(*real);
-    if (GetParam().failingAdd != nullptr) manager.failAddElement.insert(GetParam().failingAdd);
-    if (GetParam().failingSet != nullptr) manager.failSetAttribute.insert(GetParam().failingSet);
+    InterceptingManager manager(ManagerWithText(R"({ "Other": 1 })"));
+    IJSONManager& real = manager.Inner();
+    if (GetParam().failingAdd != nullptr) manager.refusedElements.insert(GetParam().failingAdd);
+    if (GetParam().failingSet != nullptr) manager.failingAttributes.insert(GetParam().failingSet);
     EXPECT_EQ(root->WriteToJSONMgr(&manager, nullptr, 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(), GetParam().messages);
-    EXPECT_EQ(SavedText(*real), GetParam().partialDocument);
+    EXPECT_EQ(SavedText(real), GetParam().partialDocument);
 }
 
 // The saved full sample up to (not including) the member named key.
@@ -352,10 +347,10 @@ TEST_F(VextorJSConfigTest, ConfigurationWrappedInAMemberDoesNotRead) {
 }
 
 TEST_F(VextorJSConfigTest, NullNodeReadsTheTopLevelObject) {
-    DocumentPtr manager = DocumentManager(kMinimalSampleText);
+    ManagerPtr manager = ManagerWithText(kMinimalSampleText);
     EXPECT_EQ(root->ReadFromJSONMgr(manager.get(), nullptr), ZELT_SUCCESS);
     EXPECT_EQ(*root->GetProfileName(), L"Default");
-    EXPECT_EQ(WrittenText(), kMinimalSampleText);
+    EXPECT_EQ(WrittenConfigurationText(*root), kMinimalSampleText);
     EXPECT_TRUE(capture.Messages().empty());
 }
 
@@ -393,21 +388,21 @@ TEST_F(VextorJSConfigTest, FailingSecondStepLeavesARequiredTextEmptyWithoutMessa
     const std::string from = R"("SchemaVersion": "1.0")";
     text.replace(text.find(from), from.size(),
                  R"("SchemaVersion": ")" + std::string(1023, 'v') + "\"");
-    DocumentPtr real = DocumentManager(text);
-    FaultInjectingManager manager(*real);
-    manager.failLargeStringRead.insert(L"SchemaVersion");
-    EXPECT_EQ(root->ReadFromJSONMgr(&manager, real->GetRootElement()), ZELT_SUCCESS);
-    EXPECT_EQ(manager.largeStringReads, 1);
+    InterceptingManager manager(ManagerWithText(text));
+    IJSONManager& real = manager.Inner();
+    manager.failingLargeStringReads.insert(L"SchemaVersion");
+    EXPECT_EQ(root->ReadFromJSONMgr(&manager, real.GetRootElement()), ZELT_SUCCESS);
+    EXPECT_EQ(manager.failedLargeStringReads, 1);
     EXPECT_EQ(*root->GetSchemaVersion(), L"");
     EXPECT_EQ(*root->GetProfileName(), L"Default");
     EXPECT_TRUE(capture.Messages().empty());
 }
 
 TEST_F(VextorJSConfigTest, BufferTooSmallWithoutALargerLengthFailsARequiredText) {
-    DocumentPtr real = DocumentManager(kMinimalSampleText);
-    FaultInjectingManager manager(*real);
-    manager.scriptedStringRead[L"ProfileName"] = {ZELT_BUFFER_TOO_SMALL, 1024};
-    EXPECT_EQ(root->ReadFromJSONMgr(&manager, real->GetRootElement()), ZELT_FAILED);
+    InterceptingManager manager(ManagerWithText(kMinimalSampleText));
+    IJSONManager& real = manager.Inner();
+    manager.stringRepliesByName[L"ProfileName"] = {ZELT_BUFFER_TOO_SMALL, 1024, L""};
+    EXPECT_EQ(root->ReadFromJSONMgr(&manager, real.GetRootElement()), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(), Messages{L"JSONManager: read required String Attribute failed. "
                                            L"element:VextorJSConfig, attr:ProfileName"});
     capture.Clear();
@@ -533,9 +528,7 @@ TEST_F(VextorJSConfigTest, CopyFromCopiesAWholeTreeIndependentOfItsSource) {
     root->GetClientSetting()->GetCommunication()->SetEnablePII(nullptr);
     root->SetAdminPassword(&changed);
 
-    DocumentPtr manager = EmptyManager();
-    EXPECT_EQ(copy->WriteToJSONMgr(manager.get(), nullptr, 1), ZELT_SUCCESS);
-    EXPECT_EQ(SavedText(*manager), kFullSampleText);
+    EXPECT_EQ(WrittenConfigurationText(*copy), kFullSampleText);
 
     // And the copy's changes do not reach the source.
     copy->Clear();
@@ -563,15 +556,13 @@ TEST_F(VextorJSConfigTest, CopyFromCarriesHiddenContentAlong) {
 
     // Handing the embedded list back makes the hidden content present again.
     copy->GetAdvancedRule()->SetWhiteList(copiedWhiteList);
-    DocumentPtr manager = EmptyManager();
-    EXPECT_EQ(copy->WriteToJSONMgr(manager.get(), nullptr, 1), ZELT_SUCCESS);
-    EXPECT_EQ(SavedText(*manager), kFullSampleText);
+    EXPECT_EQ(WrittenConfigurationText(*copy), kFullSampleText);
 }
 
 TEST_F(VextorJSConfigTest, CopyFromItselfChangesNothing) {
     ReadFrom(SampleText("full.json"));
     root->CopyFrom(*root);
-    EXPECT_EQ(WrittenText(), kFullSampleText);
+    EXPECT_EQ(WrittenConfigurationText(*root), kFullSampleText);
 }
 
 TEST_F(VextorJSConfigTest, CopyFromAClearedRootClearsTheTarget) {

@@ -2,7 +2,9 @@
 // strings (in the reverse order of EnforceList's), writing, reading, copying
 // and the messages of every failure.
 #include "support/ElementTesting.h"
+#include "support/InterceptingManager.h"
 #include "support/MessageCapture.h"
+#include "support/VirtualSlot.h"
 
 #include <zelt/zelt.h>
 
@@ -19,56 +21,26 @@ namespace {
 using WhiteListPtr = std::unique_ptr<IWhiteList>;
 using IPListPtr = std::unique_ptr<IIPList>;
 using VPNDescListPtr = std::unique_ptr<IVPNDescList>;
-using Messages = std::vector<std::wstring>;
 using Values = std::vector<std::wstring>;
 
 WhiteListPtr NewWhiteList() { return WhiteListPtr(WhiteList_CreateNewInstance()); }
 
-// A list of the given kind holding values.
-template <class List, class Entry>
-std::unique_ptr<List> NewList(List* (*createList)(), Entry* (*createEntry)(),
-                              const Values& values) {
-    std::unique_ptr<List> list(createList());
-    std::unique_ptr<Entry> entry(createEntry());
-    for (const std::wstring& value : values) {
-        entry->SetStringValue(&value);
-        list->AddItem(entry.get());
-    }
-    return list;
-}
-
-IPListPtr NewIPList(const Values& values) {
-    return NewList(&IPList_CreateNewInstance, &IPListArray_CreateNewInstance, values);
-}
-
-VPNDescListPtr NewVPNDescList(const Values& values) {
-    return NewList(&VPNDescList_CreateNewInstance, &VPNDescListArray_CreateNewInstance, values);
-}
-
-template <class List>
-Values ValuesOf(List& list) {
-    Values values;
-    for (DWORD i = 0; i < list.GetItemCount(); ++i)
-        values.push_back(*list.GetItem(i)->GetStringValue());
-    return values;
-}
-
 Values IPListValues(IWhiteList& element) {
     IIPList* list = nullptr;
     EXPECT_EQ(element.GetIPList(&list), ZELT_SUCCESS);
-    return list != nullptr ? ValuesOf(*list) : Values{L"(absent)"};
+    return list != nullptr ? ListValues(*list) : Values{L"(absent)"};
 }
 
 Values VPNDescListValues(IWhiteList& element) {
     IVPNDescList* list = nullptr;
     EXPECT_EQ(element.GetVPNDescList(&list), ZELT_SUCCESS);
-    return list != nullptr ? ValuesOf(*list) : Values{L"(absent)"};
+    return list != nullptr ? ListValues(*list) : Values{L"(absent)"};
 }
 
 WhiteListPtr FilledWhiteList() {
     WhiteListPtr element = NewWhiteList();
-    element->SetIPList(NewIPList({L"value-1", L"value-2"}).get());
-    element->SetVPNDescList(NewVPNDescList({L"value-1"}).get());
+    element->SetIPList(MakeIPList({L"value-1", L"value-2"}).get());
+    element->SetVPNDescList(MakeVPNDescList({L"value-1"}).get());
     const std::wstring domains = L"domains-text", names = L"names-text";
     element->SetDomainLists(&domains);
     element->SetProcessNames(&names);
@@ -80,8 +52,8 @@ const char* const kFilledText =
     "\"value-1\" ], \"DomainLists\": \"domains-text\", \"ProcessNames\": \"names-text\" } }";
 
 void ExpectAllAbsent(IWhiteList& element) {
-    IPListPtr ipMarker = NewIPList({});
-    VPNDescListPtr vpnMarker = NewVPNDescList({});
+    IPListPtr ipMarker = MakeIPList({});
+    VPNDescListPtr vpnMarker = MakeVPNDescList({});
     IIPList* ipList = ipMarker.get();
     IVPNDescList* vpnList = vpnMarker.get();
     std::wstring text = L"untouched";
@@ -100,13 +72,13 @@ void ExpectSameMembers(IWhiteList& a, IWhiteList& b) {
     IIPList* ipB = nullptr;
     ASSERT_EQ(a.GetIPList(&ipA), b.GetIPList(&ipB));
     if (ipA != nullptr) {
-        EXPECT_EQ(ValuesOf(*ipA), ValuesOf(*ipB));
+        EXPECT_EQ(ListValues(*ipA), ListValues(*ipB));
     }
     IVPNDescList* vpnA = nullptr;
     IVPNDescList* vpnB = nullptr;
     ASSERT_EQ(a.GetVPNDescList(&vpnA), b.GetVPNDescList(&vpnB));
     if (vpnA != nullptr) {
-        EXPECT_EQ(ValuesOf(*vpnA), ValuesOf(*vpnB));
+        EXPECT_EQ(ListValues(*vpnA), ListValues(*vpnB));
     }
     std::wstring sa = L"unset", sb = L"unset";
     EXPECT_EQ(a.GetDomainLists(&sa), b.GetDomainLists(&sb));
@@ -116,8 +88,7 @@ void ExpectSameMembers(IWhiteList& a, IWhiteList& b) {
 }
 
 int ReadFromText(IWhiteList& element, const std::string& text) {
-    ManagerPtr mgr = ManagerFromText(text);
-    return element.ReadFromJSONMgr(mgr.get(), mgr->GetElement(nullptr, L"WhiteList"));
+    return ReadFromDocument(element, text, L"WhiteList");
 }
 
 std::string Document(const std::string& members) {
@@ -127,19 +98,19 @@ std::string Document(const std::string& members) {
 }  // namespace
 
 TEST(WhiteListTest, VirtualSlotsAreInContractOrder) {
-    EXPECT_SLOT(1, &IWhiteList::WriteToJSONMgr);
-    EXPECT_SLOT(2, &IWhiteList::ReadFromJSONMgr);
-    EXPECT_SLOT(3, &IWhiteList::Clear);
-    EXPECT_SLOT(4, &IWhiteList::CopyFrom);
-    EXPECT_SLOT(5, &IWhiteList::GetElementType);
-    EXPECT_SLOT(6, &IWhiteList::GetIPList);
-    EXPECT_SLOT(7, &IWhiteList::SetIPList);
-    EXPECT_SLOT(8, &IWhiteList::GetVPNDescList);
-    EXPECT_SLOT(9, &IWhiteList::SetVPNDescList);
-    EXPECT_SLOT(10, &IWhiteList::GetDomainLists);
-    EXPECT_SLOT(11, &IWhiteList::SetDomainLists);
-    EXPECT_SLOT(12, &IWhiteList::GetProcessNames);
-    EXPECT_SLOT(13, &IWhiteList::SetProcessNames);
+    EXPECT_EQ(VirtualSlotOf(&IWhiteList::WriteToJSONMgr), 1);
+    EXPECT_EQ(VirtualSlotOf(&IWhiteList::ReadFromJSONMgr), 2);
+    EXPECT_EQ(VirtualSlotOf(&IWhiteList::Clear), 3);
+    EXPECT_EQ(VirtualSlotOf(&IWhiteList::CopyFrom), 4);
+    EXPECT_EQ(VirtualSlotOf(&IWhiteList::GetElementType), 5);
+    EXPECT_EQ(VirtualSlotOf(&IWhiteList::GetIPList), 6);
+    EXPECT_EQ(VirtualSlotOf(&IWhiteList::SetIPList), 7);
+    EXPECT_EQ(VirtualSlotOf(&IWhiteList::GetVPNDescList), 8);
+    EXPECT_EQ(VirtualSlotOf(&IWhiteList::SetVPNDescList), 9);
+    EXPECT_EQ(VirtualSlotOf(&IWhiteList::GetDomainLists), 10);
+    EXPECT_EQ(VirtualSlotOf(&IWhiteList::SetDomainLists), 11);
+    EXPECT_EQ(VirtualSlotOf(&IWhiteList::GetProcessNames), 12);
+    EXPECT_EQ(VirtualSlotOf(&IWhiteList::SetProcessNames), 13);
 }
 
 TEST(WhiteListTest, FactoryGivesAnElementWithEveryMemberAbsent) {
@@ -181,8 +152,8 @@ TEST(WhiteListTest, ListGettersGiveTheEmbeddedListsThemselves) {
 
 TEST(WhiteListTest, ListSettersStoreCopies) {
     WhiteListPtr element = NewWhiteList();
-    IPListPtr ipSource = NewIPList({L"a"});
-    VPNDescListPtr vpnSource = NewVPNDescList({L"vpn"});
+    IPListPtr ipSource = MakeIPList({L"a"});
+    VPNDescListPtr vpnSource = MakeVPNDescList({L"vpn"});
     element->SetIPList(ipSource.get());
     element->SetVPNDescList(vpnSource.get());
     ipSource.reset();
@@ -213,8 +184,8 @@ TEST(WhiteListTest, CopyFromCarriesHiddenListsAlongWithTheirFlags) {
     source->SetIPList(nullptr);
     source->SetVPNDescList(nullptr);
     WhiteListPtr copy = NewWhiteList();
-    copy->SetIPList(NewIPList({L"other"}).get());
-    copy->SetVPNDescList(NewVPNDescList({L"other"}).get());
+    copy->SetIPList(MakeIPList({L"other"}).get());
+    copy->SetVPNDescList(MakeVPNDescList({L"other"}).get());
     IIPList* ipList = nullptr;
     IVPNDescList* vpnList = nullptr;
     ASSERT_EQ(copy->GetIPList(&ipList), ZELT_SUCCESS);
@@ -249,8 +220,8 @@ TEST(WhiteListTest, WritingAFilledElementWritesDomainListsBeforeProcessNames) {
 TEST(WhiteListTest, WritingAnEmptyElementWritesAnEmptyObject) {
     WhiteListPtr element = NewWhiteList();
     EXPECT_EQ(WrittenText(*element), "{ \"WhiteList\": { } }");
-    element->SetIPList(NewIPList({}).get());
-    element->SetVPNDescList(NewVPNDescList({}).get());
+    element->SetIPList(MakeIPList({}).get());
+    element->SetVPNDescList(MakeVPNDescList({}).get());
     EXPECT_EQ(WrittenText(*element), "{ \"WhiteList\": { } }");
 }
 
@@ -258,7 +229,7 @@ TEST(WhiteListTest, WriteWithoutManagerOrOwnObjectFails) {
     MessageCapture capture;
     WhiteListPtr element = FilledWhiteList();
     EXPECT_EQ(element->WriteToJSONMgr(nullptr, nullptr, 1), ZELT_FAILED);
-    ManagerPtr mgr = ManagerWithoutDocument();
+    ManagerPtr mgr = NewManager();
     EXPECT_EQ(element->WriteToJSONMgr(mgr.get(), nullptr, 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(),
               (Messages{L"JSONManager: WriteToJSONMgr require xmlmanager pointer is NULL.",
@@ -289,7 +260,7 @@ TEST(WhiteListTest, FailingListWritesAreReportedByEachLevel) {
         SCOPED_TRACE(c.failingStringWrite);
         MessageCapture capture;
         WhiteListPtr element = FilledWhiteList();
-        ScriptedManager mgr(ManagerWithEmptyDocument());
+        InterceptingManager mgr(ManagerWithEmptyDocument());
         mgr.failingStringWrite = c.failingStringWrite;
         EXPECT_EQ(element->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_FAILED);
         EXPECT_EQ(capture.Messages(), c.messages);
@@ -300,7 +271,7 @@ TEST(WhiteListTest, FailingListWritesAreReportedByEachLevel) {
 TEST(WhiteListTest, AVPNDescListWhoseArrayIsNotCreatedFailsTheWrite) {
     MessageCapture capture;
     WhiteListPtr element = FilledWhiteList();
-    ScriptedManager mgr(ManagerWithEmptyDocument());
+    InterceptingManager mgr(ManagerWithEmptyDocument());
     mgr.refusedElements.insert(L"VPNDescList");
     EXPECT_EQ(element->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(),
@@ -330,7 +301,7 @@ TEST(WhiteListTest, EachFailingStringWriteGivesItsMessage) {
         SCOPED_TRACE(Narrow(c.key));
         MessageCapture capture;
         WhiteListPtr element = FilledWhiteList();
-        ScriptedManager mgr(ManagerWithEmptyDocument());
+        InterceptingManager mgr(ManagerWithEmptyDocument());
         mgr.failingAttributes.insert(c.key);
         EXPECT_EQ(element->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_FAILED);
         EXPECT_EQ(capture.Messages(), Messages{c.message});
@@ -365,7 +336,7 @@ TEST(WhiteListTest, MembersInAnotherOrderReadTheSame) {
 
 TEST(WhiteListTest, MembersAreLookedUpInOrder) {
     WhiteListPtr element = NewWhiteList();
-    ScriptedManager mgr(ManagerFromText(Document("")));
+    InterceptingManager mgr(ManagerWithText(Document("")));
     ASSERT_EQ(element->ReadFromJSONMgr(&mgr, mgr.Inner().GetElement(nullptr, L"WhiteList")),
               ZELT_SUCCESS);
     EXPECT_EQ(mgr.calls, (std::vector<std::wstring>{L"GetElement IPList", L"GetElement VPNDescList",
@@ -440,7 +411,7 @@ TEST(WhiteListTest, LongStringsAreReadWhole) {
         const std::wstring names = LongText(length), domains = LongText(length + 1);
         source->SetProcessNames(&names);
         source->SetDomainLists(&domains);
-        source->SetVPNDescList(NewVPNDescList({LongText(length + 2), L"x"}).get());
+        source->SetVPNDescList(MakeVPNDescList({LongText(length + 2), L"x"}).get());
         WhiteListPtr read = NewWhiteList();
         ASSERT_EQ(ReadFromText(*read, WrittenText(*source)), ZELT_SUCCESS);
         ExpectSameMembers(*read, *source);
@@ -454,7 +425,7 @@ TEST(WhiteListTest, WriteSaveImportAndReadGiveTheSameElement) {
     ManagerPtr written = ManagerWithEmptyDocument();
     ASSERT_EQ(source->WriteToJSONMgr(written.get(), written->GetRootElement(), 1), ZELT_SUCCESS);
     ASSERT_EQ(written->SaveToJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
-    ManagerPtr imported = ManagerWithoutDocument();
+    ManagerPtr imported = NewManager();
     ASSERT_EQ(imported->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
     WhiteListPtr read = NewWhiteList();
     ASSERT_EQ(read->ReadFromJSONMgr(imported.get(), imported->GetElement(nullptr, L"WhiteList")),
