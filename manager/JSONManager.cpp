@@ -218,7 +218,8 @@ JSONNode* CJSONManager::GetArrayElement(JSONNode* array, const wchar_t* /*name*/
 
 int CJSONManager::StoreValue(json_object* node, const char* key, json_object* value) {
     if (value == nullptr) return ZELT_FAILED;
-    if (IsKind(node, json_type_object)) return ReplaceMember(node, key, value) ? ZELT_SUCCESS : ZELT_FAILED;
+    if (IsKind(node, json_type_object))
+        return ReplaceMember(node, key, value) ? ZELT_SUCCESS : ZELT_FAILED;
     if (json_object_array_add(node, value) == 0) return ZELT_SUCCESS;
     json_object_put(value);
     return ZELT_FAILED;

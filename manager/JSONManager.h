@@ -33,8 +33,8 @@ public:
     int GetDWORDAttribute(JSONNode* node, const wchar_t* name, DWORD* value) override;
     int GetStringAttribute(JSONNode* node, const wchar_t* name, wchar_t* buffer,
                            int* length) override;
-    int GetArrayStringAttribute(JSONNode* array, const wchar_t* name, int index,
-                                wchar_t* buffer, int* length) override;
+    int GetArrayStringAttribute(JSONNode* array, const wchar_t* name, int index, wchar_t* buffer,
+                                int* length) override;
     int GetArrayCount(JSONNode* array, const wchar_t* name) override;
     int RemoveElement(JSONNode* parent, const wchar_t* name) override;
 

@@ -48,10 +48,15 @@ std::int32_t IntegerValue(json_object* integer) {
 
 std::int32_t IntegerReading(json_object* node) {
     switch (json_object_get_type(node)) {
-    case json_type_int: return IntegerValue(node);
-    case json_type_boolean: return json_object_get_boolean(node) ? 1 : 0;
-    case json_type_double: return DoubleReading(json_object_get_double(node));
-    case json_type_string: return LeadingNumber(json_object_get_string(node));
-    default: return 0;
+        case json_type_int:
+            return IntegerValue(node);
+        case json_type_boolean:
+            return json_object_get_boolean(node) ? 1 : 0;
+        case json_type_double:
+            return DoubleReading(json_object_get_double(node));
+        case json_type_string:
+            return LeadingNumber(json_object_get_string(node));
+        default:
+            return 0;
     }
 }

@@ -15,21 +15,35 @@ void AppendEscapedString(const char* text, std::string& out) {
     out += '"';
     for (const unsigned char* p = reinterpret_cast<const unsigned char*>(text); *p != 0; ++p) {
         switch (*p) {
-        case '\b': out += "\\b"; break;
-        case '\n': out += "\\n"; break;
-        case '\r': out += "\\r"; break;
-        case '\t': out += "\\t"; break;
-        case '"': out += "\\\""; break;
-        case '\\': out += "\\\\"; break;
-        case '/': out += "\\/"; break;
-        default:
-            if (*p < 0x20) {
-                out += "\\u00";
-                out += kHexDigits[*p >> 4];
-                out += kHexDigits[*p & 0x0F];
-            } else {
-                out += static_cast<char>(*p);
-            }
+            case '\b':
+                out += "\\b";
+                break;
+            case '\n':
+                out += "\\n";
+                break;
+            case '\r':
+                out += "\\r";
+                break;
+            case '\t':
+                out += "\\t";
+                break;
+            case '"':
+                out += "\\\"";
+                break;
+            case '\\':
+                out += "\\\\";
+                break;
+            case '/':
+                out += "\\/";
+                break;
+            default:
+                if (*p < 0x20) {
+                    out += "\\u00";
+                    out += kHexDigits[*p >> 4];
+                    out += kHexDigits[*p & 0x0F];
+                } else {
+                    out += static_cast<char>(*p);
+                }
         }
     }
     out += '"';
@@ -38,20 +52,30 @@ void AppendEscapedString(const char* text, std::string& out) {
 template <class Number, class... Format>
 void AppendNumber(Number value, std::string& out, Format... format) {
     char digits[400];  // the longest "%lf" of a double has 317 characters
-    const std::to_chars_result result = std::to_chars(digits, digits + sizeof digits, value, format...);
+    const std::to_chars_result result =
+        std::to_chars(digits, digits + sizeof digits, value, format...);
     out.append(digits, result.ptr);
 }
 
 void AppendScalar(json_object* node, std::string& out) {
     switch (json_object_get_type(node)) {
-    case json_type_null: out += "null"; break;
-    case json_type_boolean: out += json_object_get_boolean(node) ? "true" : "false"; break;
-    case json_type_int: AppendNumber(IntegerValue(node), out); break;
-    case json_type_double:
-        AppendNumber(json_object_get_double(node), out, std::chars_format::fixed, 6);
-        break;
-    case json_type_string: AppendEscapedString(json_object_get_string(node), out); break;
-    default: break;
+        case json_type_null:
+            out += "null";
+            break;
+        case json_type_boolean:
+            out += json_object_get_boolean(node) ? "true" : "false";
+            break;
+        case json_type_int:
+            AppendNumber(IntegerValue(node), out);
+            break;
+        case json_type_double:
+            AppendNumber(json_object_get_double(node), out, std::chars_format::fixed, 6);
+            break;
+        case json_type_string:
+            AppendEscapedString(json_object_get_string(node), out);
+            break;
+        default:
+            break;
     }
 }
 
@@ -67,15 +91,17 @@ struct OpenContainer {
 // Opens a container (or writes a scalar) and returns whether it was opened.
 bool BeginValue(json_object* node, std::vector<OpenContainer>& stack, std::string& out) {
     switch (json_object_get_type(node)) {
-    case json_type_object:
-        out += '{';
-        stack.push_back({node, lh_table_head(json_object_get_object(node)), 0, 0, true});
-        return true;
-    case json_type_array:
-        out += '[';
-        stack.push_back({node, nullptr, 0, json_object_array_length(node), true});
-        return true;
-    default: AppendScalar(node, out); return false;
+        case json_type_object:
+            out += '{';
+            stack.push_back({node, lh_table_head(json_object_get_object(node)), 0, 0, true});
+            return true;
+        case json_type_array:
+            out += '[';
+            stack.push_back({node, nullptr, 0, json_object_array_length(node), true});
+            return true;
+        default:
+            AppendScalar(node, out);
+            return false;
     }
 }
 

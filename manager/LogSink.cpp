@@ -4,8 +4,8 @@
 
 // The host process may define the sink; a weak reference leaves it null
 // otherwise, so the library loads without it.
-extern "C" void PLXR_PrintMessage(const wchar_t* file, const wchar_t* function, int line,
-                                  int level, const wchar_t* message) __attribute__((weak));
+extern "C" void PLXR_PrintMessage(const wchar_t* file, const wchar_t* function, int line, int level,
+                                  const wchar_t* message) __attribute__((weak));
 
 namespace {
 constexpr const wchar_t* kLogFile = L"JSONManager";

@@ -6,13 +6,13 @@
 #define ZELT_EXPORT_H
 
 #if defined(_WIN32)
-#  if defined(ZELT_BUILDING_LIBRARY)
-#    define ZELT_API __declspec(dllexport)
-#  else
-#    define ZELT_API __declspec(dllimport)
-#  endif
+#if defined(ZELT_BUILDING_LIBRARY)
+#define ZELT_API __declspec(dllexport)
 #else
-#  define ZELT_API __attribute__((visibility("default")))
+#define ZELT_API __declspec(dllimport)
+#endif
+#else
+#define ZELT_API __attribute__((visibility("default")))
 #endif
 
 #endif  // ZELT_EXPORT_H

@@ -21,11 +21,12 @@ struct JSONNode;
 typedef void (*DebugDumpCallback)(const wchar_t* message);
 
 // Result codes returned by the manager and the configuration elements.
-inline constexpr int ZELT_SUCCESS = 1;             // done; for getters: present and delivered
-inline constexpr int ZELT_NOT_PRESENT = 2;         // member, item or string not found
-inline constexpr int ZELT_FAILED = -101;           // conversion, parse, allocation or short write failed
-inline constexpr int ZELT_BAD_ARGUMENT = -102;     // null pointer, length mismatch, wrong node kind, unopenable file
-inline constexpr int ZELT_BUFFER_TOO_SMALL = -103; // the needed length has been written back
-inline constexpr int ZELT_NOTHING_TO_SAVE = -105;  // no document, or it gave no text
+inline constexpr int ZELT_SUCCESS = 1;      // done; for getters: present and delivered
+inline constexpr int ZELT_NOT_PRESENT = 2;  // member, item or string not found
+inline constexpr int ZELT_FAILED = -101;    // conversion, parse, allocation or short write failed
+inline constexpr int ZELT_BAD_ARGUMENT =
+    -102;  // null pointer, length mismatch, wrong node kind, unopenable file
+inline constexpr int ZELT_BUFFER_TOO_SMALL = -103;  // the needed length has been written back
+inline constexpr int ZELT_NOTHING_TO_SAVE = -105;   // no document, or it gave no text
 
 #endif  // ZELT_TYPES_H

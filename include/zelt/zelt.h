@@ -2,17 +2,17 @@
 #ifndef ZELT_ZELT_H
 #define ZELT_ZELT_H
 
-#include <zelt/Export.h>
-#include <zelt/Types.h>
-#include <zelt/JSONManager.h>
-#include <zelt/Communication.h>
-#include <zelt/StringLists.h>
-#include <zelt/EnforceList.h>
-#include <zelt/WhiteList.h>
-#include <zelt/HTTPS.h>
-#include <zelt/ClientSetting.h>
 #include <zelt/AdvancedRule.h>
+#include <zelt/ClientSetting.h>
+#include <zelt/Communication.h>
 #include <zelt/ContentUploadChannel.h>
+#include <zelt/EnforceList.h>
+#include <zelt/Export.h>
+#include <zelt/HTTPS.h>
+#include <zelt/JSONManager.h>
+#include <zelt/StringLists.h>
+#include <zelt/Types.h>
 #include <zelt/VextorJSConfig.h>
+#include <zelt/WhiteList.h>
 
 #endif  // ZELT_ZELT_H

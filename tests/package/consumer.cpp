@@ -10,7 +10,8 @@ int main() {
     const int result = manager->GetDWORDAttribute(nullptr, L"Answer", &answer);
     zeltDestroyJSONManager(manager);
     if (result != ZELT_SUCCESS || answer != 42) {
-        std::fprintf(stderr, "unexpected result %d, value %u\n", result, static_cast<unsigned>(answer));
+        std::fprintf(stderr, "unexpected result %d, value %u\n", result,
+                     static_cast<unsigned>(answer));
         return 1;
     }
     std::puts("installed zelt works");

@@ -16,8 +16,8 @@ void ClearCapturedLogs() { CapturedLogs().clear(); }
 
 // The test program is the host process: defining the sink here makes the
 // library send its log calls to it instead of standard error.
-extern "C" void PLXR_PrintMessage(const wchar_t* file, const wchar_t* function, int line,
-                                  int level, const wchar_t* message) {
+extern "C" void PLXR_PrintMessage(const wchar_t* file, const wchar_t* function, int line, int level,
+                                  const wchar_t* message) {
     CapturedLogs().push_back(LogRecord{file ? file : L"(null)", function ? function : L"(null)",
                                        line, level, message ? message : L"(null)"});
 }
