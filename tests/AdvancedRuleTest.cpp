@@ -213,20 +213,6 @@ TEST_F(AdvancedRuleTest, WriteWithoutManagerFails) {
               Messages{L"JSONManager: WriteToJSONMgr require xmlmanager pointer is NULL."});
 }
 
-struct WriteFailure {
-    const wchar_t* failingAdd;
-    const wchar_t* failingSet;
-    Messages messages;
-    std::string partialDocument;
-};
-
-// Printed as the failure it describes, so that test names stay the same
-// from run to run.
-void PrintTo(const WriteFailure& failure, std::ostream* out) {
-    if (failure.failingAdd != nullptr) *out << "Add" << Narrow(failure.failingAdd);
-    if (failure.failingSet != nullptr) *out << "Set" << Narrow(failure.failingSet);
-}
-
 class AdvancedRuleWriteFailureTest : public AdvancedRuleTest,
                                      public ::testing::WithParamInterface<WriteFailure> {};
 
@@ -234,8 +220,7 @@ TEST_P(AdvancedRuleWriteFailureTest, StopsAtTheFailingMemberAndKeepsWhatWasWritt
     Fill();
     InterceptingManager manager(ManagerWithText("{}"));
     IJSONManager& real = manager.Inner();
-    if (GetParam().failingAdd != nullptr) manager.refusedElements.insert(GetParam().failingAdd);
-    if (GetParam().failingSet != nullptr) manager.failingAttributes.insert(GetParam().failingSet);
+    InjectFailure(manager, GetParam());
     EXPECT_EQ(rule->WriteToJSONMgr(&manager, real.GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(), GetParam().messages);
     EXPECT_EQ(SavedText(real), GetParam().partialDocument);

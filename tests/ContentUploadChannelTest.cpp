@@ -181,20 +181,6 @@ TEST_F(ContentUploadChannelTest, WriteWithoutManagerFails) {
               Messages{L"JSONManager: WriteToJSONMgr require xmlmanager pointer is NULL."});
 }
 
-struct WriteFailure {
-    const wchar_t* failingAdd;  // AddElement of this name gives null
-    const wchar_t* failingSet;  // Set...Attribute of this name fails
-    Messages messages;
-    const char* partialDocument;
-};
-
-// Printed as the failure it describes, so that test names stay the same
-// from run to run.
-void PrintTo(const WriteFailure& failure, std::ostream* out) {
-    if (failure.failingAdd != nullptr) *out << "Add" << Narrow(failure.failingAdd);
-    if (failure.failingSet != nullptr) *out << "Set" << Narrow(failure.failingSet);
-}
-
 class ContentUploadChannelWriteFailureTest : public ContentUploadChannelTest,
                                              public ::testing::WithParamInterface<WriteFailure> {};
 
@@ -202,8 +188,7 @@ TEST_P(ContentUploadChannelWriteFailureTest, StopsAtTheFailingMemberAndKeepsWhat
     Fill();
     InterceptingManager manager(ManagerWithText("{}"));
     IJSONManager& real = manager.Inner();
-    if (GetParam().failingAdd != nullptr) manager.refusedElements.insert(GetParam().failingAdd);
-    if (GetParam().failingSet != nullptr) manager.failingAttributes.insert(GetParam().failingSet);
+    InjectFailure(manager, GetParam());
     EXPECT_EQ(channel->WriteToJSONMgr(&manager, real.GetRootElement(), 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(), GetParam().messages);
     EXPECT_EQ(SavedText(real), GetParam().partialDocument);

@@ -225,20 +225,6 @@ TEST_F(VextorJSConfigTest, WriteFailsWithoutANewDocument) {
     EXPECT_EQ(SavedText(real), "{ }");
 }
 
-struct WriteFailure {
-    const wchar_t* failingAdd;
-    const wchar_t* failingSet;
-    Messages messages;
-    std::string partialDocument;
-};
-
-// Printed as the failure it describes, so that test names stay the same
-// from run to run.
-void PrintTo(const WriteFailure& failure, std::ostream* out) {
-    if (failure.failingAdd != nullptr) *out << "Add" << Narrow(failure.failingAdd);
-    if (failure.failingSet != nullptr) *out << "Set" << Narrow(failure.failingSet);
-}
-
 class VextorJSConfigWriteFailureTest : public VextorJSConfigTest,
                                        public ::testing::WithParamInterface<WriteFailure> {};
 
@@ -247,8 +233,7 @@ TEST_P(VextorJSConfigWriteFailureTest, StopsAtTheFailingMemberAndKeepsWhatWasWri
     ASSERT_EQ(root->ReadFromJSONMgr(sample.get(), sample->GetRootElement()), ZELT_SUCCESS);
     InterceptingManager manager(ManagerWithText(R"({ "Other": 1 })"));
     IJSONManager& real = manager.Inner();
-    if (GetParam().failingAdd != nullptr) manager.refusedElements.insert(GetParam().failingAdd);
-    if (GetParam().failingSet != nullptr) manager.failingAttributes.insert(GetParam().failingSet);
+    InjectFailure(manager, GetParam());
     EXPECT_EQ(root->WriteToJSONMgr(&manager, nullptr, 1), ZELT_FAILED);
     EXPECT_EQ(capture.Messages(), GetParam().messages);
     EXPECT_EQ(SavedText(real), GetParam().partialDocument);

@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <deque>
 #include <map>
+#include <ostream>
 #include <set>
 #include <string>
 #include <utility>
@@ -160,5 +161,27 @@ private:
 
     ManagerPtr real_;
 };
+
+// One write failure case of an element: the node the manager refuses to
+// create or the attribute it fails to set, and what must follow.
+struct WriteFailure {
+    const wchar_t* failingAdd;  // AddElement of this name gives null
+    const wchar_t* failingSet;  // Set...Attribute of this name fails
+    std::vector<std::wstring> messages;
+    std::string partialDocument;
+};
+
+// Printed as the failure it describes, so that test names stay the same
+// from run to run.
+inline void PrintTo(const WriteFailure& failure, std::ostream* out) {
+    if (failure.failingAdd != nullptr) *out << "Add" << Narrow(failure.failingAdd);
+    if (failure.failingSet != nullptr) *out << "Set" << Narrow(failure.failingSet);
+}
+
+// Makes manager fail where the case says.
+inline void InjectFailure(InterceptingManager& manager, const WriteFailure& failure) {
+    if (failure.failingAdd != nullptr) manager.refusedElements.insert(failure.failingAdd);
+    if (failure.failingSet != nullptr) manager.failingAttributes.insert(failure.failingSet);
+}
 
 #endif  // ZELT_TESTS_INTERCEPTINGMANAGER_H
