@@ -22,11 +22,15 @@ namespace {
 
 using Values = std::vector<std::wstring>;
 
-// A manager that imported the sample file itself.
+// A manager that imported the sample from a file. The import refuses a file
+// that any other descriptor holds open, and other tests running at the same
+// time read the samples, so each import is of a private copy.
 ManagerPtr SampleManager(const std::string& name) {
+    TempDir dir;
+    const std::string copy = dir.File(name);
+    WriteFileBytes(copy, SampleText(name));
     ManagerPtr manager = NewManager();
-    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(SamplePath(name)).c_str()), ZELT_SUCCESS)
-        << name;
+    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(copy).c_str()), ZELT_SUCCESS) << name;
     return manager;
 }
 
