@@ -1,0 +1,2 @@
+# The same suites under AddressSanitizer and UndefinedBehaviorSanitizer.
+cmake --workflow --preset asan
