@@ -52,20 +52,6 @@ void AppendMember(const Member& member, int depth, std::string& out) {
     }
 }
 
-const char* KindWithArticle(MemberKind kind) {
-    switch (kind) {
-        case MemberKind::Object:
-            return "an object";
-        case MemberKind::List:
-            return "a list";
-        case MemberKind::Integer:
-            return "an integer";
-        case MemberKind::Text:
-            return "a string";
-    }
-    return "";
-}
-
 std::wstring ToWide(const Document& document, const std::string& value) {
     std::wstring wide;
     if (!ConvertUtf8ToWide(value, wide))
@@ -272,11 +258,10 @@ int RunAdd(const std::string& file, const std::string& path, const std::string& 
     Document document = LoadOrFail(file);
     const ResolvedPath target = Resolve(document, path, AbsentParents::Create);
     if (target.entry || target.kind != MemberKind::List)
-        throw Failure(kExitUsage,
-                      document.name + ": " + target.pointer + " is " +
-                          (target.entry ? "a list entry" : KindWithArticle(target.kind)) +
-                          ", not a list; \"zeltcfg add\" appends to a list, such as "
-                          "/AdvancedRule/EnforceList/IPList");
+        throw Failure(kExitUsage, document.name + ": " + target.pointer + " is " +
+                                      (target.entry ? "a list entry" : DescribeKind(target.kind)) +
+                                      ", not a list; \"zeltcfg add\" appends to a list, such as "
+                                      "/AdvancedRule/EnforceList/IPList");
     target.member.addEntry(ToWide(document, value));
     Save(document);
     return kExitSuccess;
@@ -286,11 +271,10 @@ int RunRemove(const std::string& file, const std::string& path, const std::strin
     Document document = LoadOrFail(file);
     const ResolvedPath target = Resolve(document, path, AbsentParents::Keep);
     if (target.entry || target.kind != MemberKind::List)
-        throw Failure(kExitUsage,
-                      document.name + ": " + target.pointer + " is " +
-                          (target.entry ? "a list entry" : KindWithArticle(target.kind)) +
-                          ", not a list; name the list and the index of the entry "
-                          "to remove");
+        throw Failure(kExitUsage, document.name + ": " + target.pointer + " is " +
+                                      (target.entry ? "a list entry" : DescribeKind(target.kind)) +
+                                      ", not a list; name the list and the index of the entry "
+                                      "to remove");
     const auto position = ParseDecimal(index);
     if (!position)
         throw Failure(kExitUsage, document.name + ": " + "index \"" + index +

@@ -265,6 +265,20 @@ SchemaNode DescribeSchema(const Member& member) {
 
 }  // namespace
 
+const char* DescribeKind(MemberKind kind) {
+    switch (kind) {
+        case MemberKind::Object:
+            return "an object";
+        case MemberKind::List:
+            return "a list";
+        case MemberKind::Integer:
+            return "an integer";
+        case MemberKind::Text:
+            return "a string";
+    }
+    return "";
+}
+
 Member BindConfiguration(IVextorJSConfig& config) {
     Member member = Describe("", MemberKind::Object, true);
     member.members = [&config] { return RootMembers(config); };

@@ -18,6 +18,9 @@ namespace zeltcfg {
 
 enum class MemberKind { Object, List, Integer, Text };
 
+// "an object", "a list", "an integer", "a string", for messages.
+const char* DescribeKind(MemberKind kind);
+
 struct Member {
     std::string key;
     MemberKind kind = MemberKind::Object;

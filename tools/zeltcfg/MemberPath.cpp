@@ -38,20 +38,6 @@ std::string JoinKeys(const std::vector<SchemaNode>& members) {
     return keys;
 }
 
-const char* KindName(MemberKind kind) {
-    switch (kind) {
-        case MemberKind::Object:
-            return "an object";
-        case MemberKind::List:
-            return "a list";
-        case MemberKind::Integer:
-            return "an integer";
-        case MemberKind::Text:
-            return "a string";
-    }
-    return "";
-}
-
 // Checks every key against the schema, so that a path is refused the same
 // way whether or not the members on the way are present.
 const SchemaNode* CheckAgainstSchema(const std::vector<std::string>& keys,
@@ -72,7 +58,7 @@ const SchemaNode* CheckAgainstSchema(const std::vector<std::string>& keys,
             return nullptr;
         }
         if (node->kind != MemberKind::Object)
-            refuse(where + " is " + KindName(node->kind) + " and has no members");
+            refuse(where + " is " + DescribeKind(node->kind) + " and has no members");
         const SchemaNode* next = nullptr;
         for (const SchemaNode& member : node->members)
             if (member.key == key) next = &member;
