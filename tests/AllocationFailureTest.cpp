@@ -262,4 +262,40 @@ TEST(AllocationFailureSaveTest, SaveThatRunsOutOfMemoryClosesItsFile) {
     }
 }
 
+// Arrays grow past json-c's first storage (32 items) while allocations fail
+// in turn: an append that cannot grow the array fails with -101 (or a null
+// node) and frees what it made.
+TEST(AllocationFailureArrayTest, AppendsBeyondTheFirstStorage) {
+    for (long k = 1;; ++k) {
+        ManagerPtr manager = NewManager();
+        ASSERT_EQ(manager->CreateNewDocument(), ZELT_SUCCESS);
+        JSONNode* strings = manager->AddElement(nullptr, L"strings", 1);
+        JSONNode* objects = manager->AddElement(nullptr, L"objects", 1);
+        ASSERT_NE(strings, nullptr);
+        ASSERT_NE(objects, nullptr);
+        std::vector<int> results;
+        std::vector<bool> added;
+        results.reserve(40);
+        added.reserve(40);
+        StartWatchingAllocations(k, 0);
+        try {
+            for (int i = 0; i < 40; ++i) {
+                results.push_back(manager->SetStringAttribute(strings, L"", L"x"));
+                added.push_back(manager->AddElement(objects, L"", 0) != nullptr);
+            }
+        } catch (const std::bad_alloc&) {
+        }
+        manager.reset();
+        const AllocationStats stats = StopWatchingAllocations();
+        EXPECT_EQ(stats.live, 0) << k;
+        for (int result : results)
+            EXPECT_TRUE(result == ZELT_SUCCESS || result == ZELT_FAILED) << k;
+        if (stats.allocations < k) {
+            EXPECT_EQ(results, std::vector<int>(40, ZELT_SUCCESS));
+            EXPECT_EQ(added, std::vector<bool>(40, true));
+            break;
+        }
+    }
+}
+
 }  // namespace
