@@ -44,8 +44,12 @@ bool ConvertName(const wchar_t* name, char (&buffer)[Capacity]) {
 
 // An object made under a parent that can hold no member: it is handed to the
 // caller and never freed by the manager. Callers rely on getting a node back.
-// Kept out of line so that leak checkers can name this one site.
-[[gnu::noinline]] json_object* CreateUnattachedObject() { return json_object_new_object(); }
+// Kept out of line, and its call not made a tail call (the volatile read
+// comes after it), so that leak checkers can name this one site.
+[[gnu::noinline]] json_object* CreateUnattachedObject() {
+    json_object* volatile object = json_object_new_object();
+    return object;
+}
 
 // The read buffer of a file import. It is intentionally not freed after the
 // parse: each import keeps size + 1 bytes, as the library always has.
