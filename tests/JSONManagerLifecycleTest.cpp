@@ -585,6 +585,90 @@ TEST_F(JSONManagerLifecycleTest, ImportFileWithNonAsciiPath) {
     EXPECT_EQ(SavedText(*manager), "{ \"k\": \"v\" }");
 }
 
+TEST_F(JSONManagerLifecycleTest, ImportFileThroughSymbolicLinkReadsTheTarget) {
+    const std::string target = dir_.File("target.json");
+    const std::string link = dir_.File("link.json");
+    WriteFileBytes(target, "{\"linked\":1}");
+    ASSERT_EQ(symlink(target.c_str(), link.c_str()), 0);
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(link).c_str()), ZELT_SUCCESS);
+    EXPECT_EQ(SavedText(*manager), "{ \"linked\": 1 }");
+    EXPECT_TRUE(CapturedLogs().empty());
+}
+
+TEST_F(JSONManagerLifecycleTest, ImportFileRefusesSymbolicLinkToDirectory) {
+    const std::string link = dir_.File("folder-link");
+    ASSERT_EQ(symlink(dir_.Path().c_str(), link.c_str()), 0);
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(link).c_str()), ZELT_BAD_ARGUMENT);
+    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
+    ClearCapturedLogs();
+    EXPECT_EQ(SavedText(*manager), kOldSaved);
+}
+
+TEST_F(JSONManagerLifecycleTest, ImportFileRefusesDanglingSymbolicLink) {
+    const std::string link = dir_.File("dangling.json");
+    ASSERT_EQ(symlink(dir_.File("gone.json").c_str(), link.c_str()), 0);
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(link).c_str()), ZELT_BAD_ARGUMENT);
+    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
+    ClearCapturedLogs();
+    EXPECT_EQ(SavedText(*manager), kOldSaved);
+}
+
+TEST_F(JSONManagerLifecycleTest, ImportFileRefusesCharacterDevice) {
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->ImportFromJSONFile(L"/dev/null"), ZELT_BAD_ARGUMENT);
+    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
+    ClearCapturedLogs();
+    EXPECT_EQ(SavedText(*manager), kOldSaved);
+}
+
+TEST_F(JSONManagerLifecycleTest, ImportFileWithOverlongNameLogs) {
+    // One path component longer than any file system allows.
+    const std::string path = dir_.File(std::string(NAME_MAX + 1, 'n') + ".json");
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
+    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
+    ClearCapturedLogs();
+    EXPECT_EQ(SavedText(*manager), kOldSaved);
+}
+
+TEST_F(JSONManagerLifecycleTest, ImportFileWithOverlongPathLogs) {
+    std::string path = dir_.Path();
+    while (path.size() <= PATH_MAX) path += "/" + std::string(200, 'd');
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path + "/doc.json").c_str()), ZELT_BAD_ARGUMENT);
+    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
+    ClearCapturedLogs();
+    EXPECT_EQ(SavedText(*manager), kOldSaved);
+}
+
+// A long path that the system accepts works like any other, both ways.
+TEST_F(JSONManagerLifecycleTest, ImportAndSaveWithLongPath) {
+    std::string folder = dir_.Path();
+    while (folder.size() < PATH_MAX - 600) {
+        folder += "/" + std::string(NAME_MAX, 'd');
+        ASSERT_EQ(mkdir(folder.c_str(), 0700), 0);
+    }
+    const std::string path = folder + "/" + std::string(NAME_MAX - 5, 'f') + ".json";
+    WriteFileBytes(path, "[\"long\"]");
+    ExportDestroyedManagerPtr manager = NewManager();
+    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
+    EXPECT_EQ(manager->SaveToJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
+    EXPECT_EQ(ReadFileBytes(path), "[ \"long\" ]");
+    EXPECT_TRUE(CapturedLogs().empty());
+}
+
+TEST_F(JSONManagerLifecycleTest, ImportFileWithInvalidCodePointInPathLogs) {
+    // A lone surrogate converts to U+FFFD, a name that does not exist here.
+    const std::wstring path = WidePath(dir_.Path()) + L"/\xD800.json";
+    WriteFileBytes(dir_.File("\xED\xA0\x80.json"), "[1]");
+    ExportDestroyedManagerPtr manager = NewManager();
+    EXPECT_EQ(manager->ImportFromJSONFile(path.c_str()), ZELT_BAD_ARGUMENT);
+    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
+}
+
 // ---- SaveToJSONFile
 
 TEST_F(JSONManagerLifecycleTest, SaveWithoutDocumentLogsAndLeavesEmptyFile) {
@@ -699,6 +783,33 @@ TEST_F(JSONManagerLifecycleTest, SaveWithNonAsciiPath) {
     EXPECT_EQ(manager->SaveToJSONFile(widePath.c_str()), ZELT_SUCCESS);
     ASSERT_TRUE(FileExists(narrowPath));
     EXPECT_EQ(ReadFileBytes(narrowPath), kOldSaved);
+}
+
+TEST_F(JSONManagerLifecycleTest, SaveThroughSymbolicLinkWritesTheTarget) {
+    const std::string target = dir_.File("target.json");
+    const std::string link = dir_.File("link.json");
+    WriteFileBytes(target, "previous content");
+    ASSERT_EQ(symlink(target.c_str(), link.c_str()), 0);
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->SaveToJSONFile(WidePath(link).c_str()), ZELT_SUCCESS);
+    EXPECT_EQ(ReadFileBytes(target), kOldSaved);
+    EXPECT_TRUE(CapturedLogs().empty());
+}
+
+TEST_F(JSONManagerLifecycleTest, SaveWithOverlongNameFailsWithoutLog) {
+    const std::string path = dir_.File(std::string(NAME_MAX + 1, 'n') + ".json");
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->SaveToJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
+    EXPECT_TRUE(CapturedLogs().empty());
+    EXPECT_EQ(SavedText(*manager), kOldSaved);
+}
+
+TEST_F(JSONManagerLifecycleTest, SaveWithOverlongPathFailsWithoutLog) {
+    std::string path = dir_.Path();
+    while (path.size() <= PATH_MAX) path += "/" + std::string(200, 'd');
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->SaveToJSONFile(WidePath(path + "/out.json").c_str()), ZELT_BAD_ARGUMENT);
+    EXPECT_TRUE(CapturedLogs().empty());
 }
 
 }  // namespace
