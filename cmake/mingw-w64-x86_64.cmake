@@ -26,6 +26,7 @@ set(CMAKE_SHARED_LINKER_FLAGS_INIT "${CMAKE_EXE_LINKER_FLAGS_INIT}")
 # A missing wine64 leaves the emulator unfound, so that every Windows test
 # fails instead of being skipped.
 find_program(ZELT_WINE64 NAMES wine64 PATHS /usr/lib/wine NO_CMAKE_FIND_ROOT_PATH)
+find_program(ZELT_WINESERVER NAMES wineserver PATHS /usr/lib/wine NO_CMAKE_FIND_ROOT_PATH)
 set(ZELT_WINE_PREFIX "${CMAKE_BINARY_DIR}/wine-prefix" CACHE PATH "The Wine prefix the tests run in")
 set(CMAKE_CROSSCOMPILING_EMULATOR
     /usr/bin/env WINEDEBUG=-all WINEPREFIX=${ZELT_WINE_PREFIX} ${ZELT_WINE64})

@@ -3,9 +3,7 @@
 // a file, with the log records each file failure leaves.
 #include <zelt/zelt.h>
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -15,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "support/HeldFile.h"
 #include "support/LogCapture.h"
 #include "support/ManagerTesting.h"
 #include "support/MessageCapture.h"
@@ -45,21 +44,6 @@ std::string NestedObjects(int levels, const std::string& innerMembers) {
     for (int level = 1; level < levels; ++level) text = "{\"a\":" + text + "}";
     return text;
 }
-
-// Closes a descriptor when the test leaves its scope.
-class OpenDescriptor {
-public:
-    explicit OpenDescriptor(int descriptor) : descriptor_(descriptor) {}
-    ~OpenDescriptor() {
-        if (descriptor_ >= 0) close(descriptor_);
-    }
-    OpenDescriptor(const OpenDescriptor&) = delete;
-    OpenDescriptor& operator=(const OpenDescriptor&) = delete;
-    int Get() const { return descriptor_; }
-
-private:
-    int descriptor_;
-};
 
 class JSONManagerLifecycleTest : public ::testing::Test {
 protected:
@@ -423,6 +407,9 @@ TEST_F(JSONManagerLifecycleTest, ImportFileRefusesDirectory) {
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFifoWithoutBlocking) {
+#if defined(_WIN32)
+    GTEST_SKIP() << "Windows file systems have no FIFOs";
+#else
     const std::string path = dir_.File("pipe");
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
     ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
@@ -430,6 +417,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFifoWithoutBlocking) {
     EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
     ClearCapturedLogs();
     EXPECT_EQ(SavedText(*manager), kOldSaved);
+#endif
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFileOpenForReading) {
@@ -437,14 +425,14 @@ TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFileOpenForReading) {
     WriteFileBytes(path, "{\"new\":2}");
     ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     {
-        OpenDescriptor holder(open(path.c_str(), O_RDONLY | O_CLOEXEC));
-        ASSERT_GE(holder.Get(), 0);
+        HeldFile holder(path, HeldFile::Access::kRead);
+        ASSERT_TRUE(holder.IsOpen());
         EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
         EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
         ClearCapturedLogs();
         EXPECT_EQ(SavedText(*manager), kOldSaved);
     }
-    // Once the other descriptor is closed the same file imports.
+    // Once the other handle is closed the same file imports.
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*manager), "{ \"new\": 2 }");
     EXPECT_TRUE(CapturedLogs().empty());
@@ -454,8 +442,8 @@ TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFileOpenForWriting) {
     const std::string path = dir_.File("written.json");
     WriteFileBytes(path, "{\"new\":2}");
     ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
-    OpenDescriptor holder(open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC));
-    ASSERT_GE(holder.Get(), 0);
+    HeldFile holder(path, HeldFile::Access::kAppend);
+    ASSERT_TRUE(holder.IsOpen());
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
     ClearCapturedLogs();
