@@ -7,8 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -31,6 +33,32 @@ const LogRecord kNoTextRecord{L"JSONManager", L"CJSONManager::SaveToJSONFile", 1
                               L"Failed to convert object to a JSON string."};
 
 using Records = std::vector<LogRecord>;
+
+// The longest file name, and the longest path, the system takes (on Windows
+// without the long-path prefix).
+#if defined(_WIN32)
+constexpr std::size_t kNameMax = 255;
+constexpr std::size_t kPathMax = 260;
+#else
+constexpr std::size_t kNameMax = NAME_MAX;
+constexpr std::size_t kPathMax = PATH_MAX;
+#endif
+
+// Makes a symbolic link. False only where the system does not let this
+// process make one (Windows grants it with a privilege); elsewhere a refusal
+// fails the test.
+bool MakeSymbolicLink(const std::string& target, const std::string& link) {
+    std::error_code error;
+    const std::filesystem::path targetPath = std::filesystem::u8path(target);
+    if (std::filesystem::is_directory(targetPath))
+        std::filesystem::create_directory_symlink(targetPath, std::filesystem::u8path(link), error);
+    else
+        std::filesystem::create_symlink(targetPath, std::filesystem::u8path(link), error);
+#if !defined(_WIN32)
+    EXPECT_FALSE(error) << error.message();
+#endif
+    return !error;
+}
 
 // The text of `levels` nested arrays (or objects, each holding the next under
 // key "a"), the innermost holding `inner`.
@@ -573,6 +601,103 @@ TEST_F(JSONManagerLifecycleTest, ImportFileWithNonAsciiPath) {
     EXPECT_EQ(SavedText(*manager), "{ \"k\": \"v\" }");
 }
 
+TEST_F(JSONManagerLifecycleTest, ImportFileThroughSymbolicLinkReadsTheTarget) {
+    const std::string target = dir_.File("target.json");
+    const std::string link = dir_.File("link.json");
+    WriteFileBytes(target, "{\"linked\":1}");
+    if (!MakeSymbolicLink(target, link)) GTEST_SKIP() << "this process may not make symbolic links";
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(link).c_str()), ZELT_SUCCESS);
+    EXPECT_EQ(SavedText(*manager), "{ \"linked\": 1 }");
+    EXPECT_TRUE(CapturedLogs().empty());
+}
+
+TEST_F(JSONManagerLifecycleTest, ImportFileRefusesSymbolicLinkToDirectory) {
+    const std::string link = dir_.File("folder-link");
+    if (!MakeSymbolicLink(dir_.Path(), link))
+        GTEST_SKIP() << "this process may not make symbolic links";
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(link).c_str()), ZELT_BAD_ARGUMENT);
+    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
+    ClearCapturedLogs();
+    EXPECT_EQ(SavedText(*manager), kOldSaved);
+}
+
+TEST_F(JSONManagerLifecycleTest, ImportFileRefusesDanglingSymbolicLink) {
+    const std::string link = dir_.File("dangling.json");
+    if (!MakeSymbolicLink(dir_.File("gone.json"), link))
+        GTEST_SKIP() << "this process may not make symbolic links";
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(link).c_str()), ZELT_BAD_ARGUMENT);
+    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
+    ClearCapturedLogs();
+    EXPECT_EQ(SavedText(*manager), kOldSaved);
+}
+
+TEST_F(JSONManagerLifecycleTest, ImportFileRefusesCharacterDevice) {
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+#if defined(_WIN32)
+    // The Windows probe opens the null device, whose size is 0: refused
+    // without a message.
+    EXPECT_EQ(manager->ImportFromJSONFile(L"NUL"), ZELT_BAD_ARGUMENT);
+    EXPECT_TRUE(CapturedLogs().empty());
+#else
+    EXPECT_EQ(manager->ImportFromJSONFile(L"/dev/null"), ZELT_BAD_ARGUMENT);
+    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
+    ClearCapturedLogs();
+#endif
+    EXPECT_EQ(SavedText(*manager), kOldSaved);
+}
+
+TEST_F(JSONManagerLifecycleTest, ImportFileWithOverlongNameLogs) {
+    // One path component longer than any file system allows.
+    const std::string path = dir_.File(std::string(kNameMax + 1, 'n') + ".json");
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
+    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
+    ClearCapturedLogs();
+    EXPECT_EQ(SavedText(*manager), kOldSaved);
+}
+
+TEST_F(JSONManagerLifecycleTest, ImportFileWithOverlongPathLogs) {
+    std::string path = dir_.Path();
+    while (path.size() <= kPathMax) path += "/" + std::string(200, 'd');
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path + "/doc.json").c_str()), ZELT_BAD_ARGUMENT);
+    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
+    ClearCapturedLogs();
+    EXPECT_EQ(SavedText(*manager), kOldSaved);
+}
+
+// A long path that the system accepts works like any other, both ways.
+TEST_F(JSONManagerLifecycleTest, ImportAndSaveWithLongPath) {
+    // Folders of the longest name while two more fit, then the longest file
+    // name that still fits.
+    std::string folder = dir_.Path();
+    while (folder.size() + 2 * (kNameMax + 1) < kPathMax) {
+        folder += "/" + std::string(kNameMax, 'd');
+        ASSERT_TRUE(std::filesystem::create_directory(std::filesystem::u8path(folder)));
+    }
+    const std::size_t nameLength = std::min(kNameMax, kPathMax - folder.size() - 2);
+    const std::string path = folder + "/" + std::string(nameLength - 5, 'f') + ".json";
+    WriteFileBytes(path, "[\"long\"]");
+    ExportDestroyedManagerPtr manager = NewManager();
+    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
+    EXPECT_EQ(manager->SaveToJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
+    EXPECT_EQ(ReadFileBytes(path), "[ \"long\" ]");
+    EXPECT_TRUE(CapturedLogs().empty());
+}
+
+TEST_F(JSONManagerLifecycleTest, ImportFileWithInvalidCodePointInPathLogs) {
+    if (kWideTextIsUtf16) GTEST_SKIP() << "Windows paths are UTF-16 and take a lone surrogate";
+    // A lone surrogate converts to U+FFFD, a name that does not exist here.
+    const std::wstring path = WidePath(dir_.Path()) + L"/\xD800.json";
+    WriteFileBytes(dir_.File("\xED\xA0\x80.json"), "[1]");
+    ExportDestroyedManagerPtr manager = NewManager();
+    EXPECT_EQ(manager->ImportFromJSONFile(path.c_str()), ZELT_BAD_ARGUMENT);
+    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
+}
+
 // ---- SaveToJSONFile
 
 TEST_F(JSONManagerLifecycleTest, SaveWithoutDocumentLogsAndLeavesEmptyFile) {
@@ -687,6 +812,33 @@ TEST_F(JSONManagerLifecycleTest, SaveWithNonAsciiPath) {
     EXPECT_EQ(manager->SaveToJSONFile(widePath.c_str()), ZELT_SUCCESS);
     ASSERT_TRUE(FileExists(narrowPath));
     EXPECT_EQ(ReadFileBytes(narrowPath), kOldSaved);
+}
+
+TEST_F(JSONManagerLifecycleTest, SaveThroughSymbolicLinkWritesTheTarget) {
+    const std::string target = dir_.File("target.json");
+    const std::string link = dir_.File("link.json");
+    WriteFileBytes(target, "previous content");
+    if (!MakeSymbolicLink(target, link)) GTEST_SKIP() << "this process may not make symbolic links";
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->SaveToJSONFile(WidePath(link).c_str()), ZELT_SUCCESS);
+    EXPECT_EQ(ReadFileBytes(target), kOldSaved);
+    EXPECT_TRUE(CapturedLogs().empty());
+}
+
+TEST_F(JSONManagerLifecycleTest, SaveWithOverlongNameFailsWithoutLog) {
+    const std::string path = dir_.File(std::string(kNameMax + 1, 'n') + ".json");
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->SaveToJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
+    EXPECT_TRUE(CapturedLogs().empty());
+    EXPECT_EQ(SavedText(*manager), kOldSaved);
+}
+
+TEST_F(JSONManagerLifecycleTest, SaveWithOverlongPathFailsWithoutLog) {
+    std::string path = dir_.Path();
+    while (path.size() <= kPathMax) path += "/" + std::string(200, 'd');
+    ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
+    EXPECT_EQ(manager->SaveToJSONFile(WidePath(path + "/out.json").c_str()), ZELT_BAD_ARGUMENT);
+    EXPECT_TRUE(CapturedLogs().empty());
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
 # The GoogleTest suites through CTest in a Debug build.
 apt-get install -y --no-install-recommends cmake ninja-build g++ pkg-config libjson-c-dev \
-  libgtest-dev libgmock-dev libbenchmark-dev
+  libgtest-dev libgmock-dev libbenchmark-dev libcli11-dev python3-jsonschema
 cmake --workflow --preset default

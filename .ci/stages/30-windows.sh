@@ -11,10 +11,11 @@ toolchain=$PWD/cmake/mingw-w64-x86_64.cmake
 mkdir -p "$deps"
 
 # json-c's source package needs a deb-src entry for the machine's own suite.
-if ! apt-cache showsrc json-c 2>/dev/null | grep -q '^Package: json-c'; then
+if ! apt-cache showsrc json-c 2>/dev/null | grep '^Package: json-c' >/dev/null; then
   suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
   uri=$(apt-get indextargets --format '$(REPO_URI) $(RELEASE)' 'Identifier: Packages' |
     awk -v suite="$suite" '$2 == suite { print $1; exit }')
+  uri=${uri:-http://deb.debian.org/debian}
   sources=/etc/apt/sources.list.d/zelt-deb-src.sources
   printf 'Types: deb-src\nURIs: %s\nSuites: %s\nComponents: main\nSigned-By: %s\n' \
     "$uri" "$suite" /usr/share/keyrings/debian-archive-keyring.gpg >"$sources"

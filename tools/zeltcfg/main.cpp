@@ -1,0 +1,129 @@
+// zeltcfg: checks, shows, reads, changes, formats and creates configuration
+// documents of the security agent through the zelt library.
+//
+//   zeltcfg check [-v] [--strict] FILE...   zeltcfg show [--json] FILE
+//   zeltcfg get FILE PATH                   zeltcfg set FILE PATH VALUE
+//   zeltcfg unset FILE PATH                 zeltcfg add FILE PATH VALUE
+//   zeltcfg remove FILE PATH INDEX          zeltcfg fmt [--check] FILE...
+//   zeltcfg new                             zeltcfg schema
+#include "Commands.h"
+#include "Failure.h"
+
+#include <CLI/CLI.hpp>
+
+#include <csignal>
+#include <cstdio>
+
+namespace {
+
+constexpr const char* kFileHelp = "configuration file, or - for standard input";
+constexpr const char* kPathHelp =
+    "member path: a JSON Pointer (/ClientSetting/HTTPS/SSLFilter) or dotted "
+    "(ClientSetting.HTTPS.SSLFilter); a list entry by its index "
+    "(/AdvancedRule/EnforceList/IPList/0)";
+
+struct Arguments {
+    std::vector<std::string> files;
+    std::string file, path, value, index;
+    bool verbose = false, strict = false, json = false, check = false;
+};
+
+CLI::App* AddFileCommand(CLI::App& app, const char* name, const char* description,
+                         Arguments& arguments) {
+    CLI::App* command = app.add_subcommand(name, description);
+    command->add_option("FILE", arguments.file, kFileHelp)->required();
+    return command;
+}
+
+void DefineCommands(CLI::App& app, Arguments& arguments) {
+    CLI::App* check = app.add_subcommand(
+        "check", "Check configuration files: prints FILE: ok, or where and why each one fails");
+    check->add_option("FILE", arguments.files, kFileHelp)->required();
+    check->add_flag("-v,--verbose", arguments.verbose, "print all of the library's messages");
+    check->add_flag("--strict", arguments.strict,
+                    "count unknown members, duplicate keys and out-of-range or mistyped values "
+                    "as errors");
+
+    AddFileCommand(app, "show", "Show the typed configuration tree, one member a line", arguments)
+        ->add_flag("--json", arguments.json, "print the document as the library writes it");
+
+    AddFileCommand(app, "get", "Print one value; a list prints one entry a line", arguments)
+        ->add_option("PATH", arguments.path, kPathHelp)
+        ->required();
+
+    CLI::App* set =
+        AddFileCommand(app, "set", "Set one integer or text member, or one list entry", arguments);
+    set->add_option("PATH", arguments.path, kPathHelp)->required();
+    set->add_option("VALUE", arguments.value, "the new value (integers: 0 to 4294967295)")
+        ->required();
+
+    AddFileCommand(app, "unset", "Make an optional member absent", arguments)
+        ->add_option("PATH", arguments.path, kPathHelp)
+        ->required();
+
+    CLI::App* add = AddFileCommand(app, "add", "Append an entry to a list", arguments);
+    add->add_option("PATH", arguments.path, "path of the list")->required();
+    add->add_option("VALUE", arguments.value, "the new entry")->required();
+
+    CLI::App* remove = AddFileCommand(app, "remove", "Remove an entry from a list", arguments);
+    remove->add_option("PATH", arguments.path, "path of the list")->required();
+    remove->add_option("INDEX", arguments.index, "0-based index of the entry")->required();
+
+    CLI::App* format =
+        app.add_subcommand("fmt", "Rewrite files in the library's layout through the typed tree");
+    format->add_option("FILE", arguments.files, kFileHelp)->required();
+    format->add_flag("--check", arguments.check,
+                     "write nothing; name the files that would change and exit 1 if any");
+
+    app.add_subcommand("new",
+                       "Print a new configuration with every required member at its "
+                       "default");
+    app.add_subcommand("schema", "Print a JSON Schema (draft 2020-12) of the configuration");
+}
+
+int Dispatch(const CLI::App& app, const Arguments& a) {
+    using namespace zeltcfg;
+    const std::string name = app.get_subcommands().front()->get_name();
+    if (name == "check") return RunCheck(a.files, a.verbose, a.strict);
+    if (name == "show") return RunShow(a.file, a.json);
+    if (name == "get") return RunGet(a.file, a.path);
+    if (name == "set") return RunSet(a.file, a.path, a.value);
+    if (name == "unset") return RunUnset(a.file, a.path);
+    if (name == "add") return RunAdd(a.file, a.path, a.value);
+    if (name == "remove") return RunRemove(a.file, a.path, a.index);
+    if (name == "fmt") return RunFormat(a.files, a.check);
+    if (name == "new") return RunNew();
+    return RunSchema();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // A write past the file size limit then fails with an error that is
+    // reported, instead of ending the program halfway through a save.
+    std::signal(SIGXFSZ, SIG_IGN);
+
+    CLI::App app{"Checks, shows, changes and formats configuration documents of the agent.",
+                 "zeltcfg"};
+    app.set_version_flag("--version", "zeltcfg " ZELT_VERSION);
+    app.require_subcommand(1);
+    app.footer(
+        "Exit codes: 0 success, 1 invalid configuration or absent value, 2 usage error, "
+        "3 input or output error.\nRun zeltcfg COMMAND --help for the options of a command.");
+    Arguments arguments;
+    DefineCommands(app, arguments);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? zeltcfg::kExitSuccess : zeltcfg::kExitUsage;
+    }
+    try {
+        return Dispatch(app, arguments);
+    } catch (const zeltcfg::Failure& failure) {
+        if (*failure.what() != '\0') std::fprintf(stderr, "zeltcfg: %s\n", failure.what());
+        return failure.code;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "zeltcfg: %s\n", error.what());
+        return zeltcfg::kExitInputOutput;
+    }
+}

@@ -1,0 +1,138 @@
+# The zeltcfg test cases; zeltcfg_case is defined in CMakeLists.txt. Each
+# case works in a folder of its own, so they run in any order and side by
+# side.
+set(invalid_samples
+  invalid-bad-header-item.json invalid-bad-iplist-item.json invalid-missing-adminpassword.json
+  invalid-missing-dispserverhostname.json invalid-missing-maxfilesize.json
+  invalid-missing-sslfilter.json invalid-vpndesclist-not-array.json invalid-wrapped-root.json)
+
+# Command line.
+zeltcfg_case(usage_without_command STEPS)
+zeltcfg_case(usage_help STEPS --help)
+zeltcfg_case(usage_version STEPS --version)
+zeltcfg_case(usage_command_help STEPS set --help)
+zeltcfg_case(usage_unknown_option SAMPLES full.json STEPS show --yaml full.json)
+zeltcfg_case(usage_missing_argument SAMPLES full.json STEPS get full.json)
+
+# check
+zeltcfg_case(check_valid_samples SAMPLES full.json minimal.json
+  STEPS check full.json minimal.json)
+zeltcfg_case(check_invalid_samples SAMPLES ${invalid_samples} STEPS check ${invalid_samples})
+zeltcfg_case(check_verbose SAMPLES invalid-bad-iplist-item.json
+  STEPS check -v invalid-bad-iplist-item.json)
+zeltcfg_case(check_lint_warnings SAMPLES lint.json UNCHANGED lint.json STEPS check lint.json)
+zeltcfg_case(check_lint_strict SAMPLES lint.json STEPS check --strict lint.json)
+zeltcfg_case(check_parse_error SAMPLES broken.json truncated.json
+  STEPS check broken.json truncated.json)
+zeltcfg_case(check_standard_input STDIN full.json STEPS check -)
+zeltcfg_case(check_missing_file SAMPLES minimal.json STEPS check minimal.json missing.json)
+zeltcfg_case(check_folder SAMPLES minimal.json STEPS check .)
+
+# show
+zeltcfg_case(show_full SAMPLES full.json STEPS show full.json)
+zeltcfg_case(show_minimal SAMPLES minimal.json STEPS show minimal.json)
+zeltcfg_case(show_json SAMPLES full.json UNCHANGED full.json STEPS show --json full.json)
+zeltcfg_case(show_standard_input STDIN minimal.json STEPS show -)
+zeltcfg_case(show_invalid SAMPLES invalid-missing-sslfilter.json
+  STEPS show invalid-missing-sslfilter.json)
+
+# get
+zeltcfg_case(get_integer SAMPLES full.json
+  STEPS get full.json /ClientSetting/Communication/LogUploadInterval
+  THEN get full.json ClientSetting.Communication.LogUploadInterval)
+zeltcfg_case(get_text SAMPLES full.json STEPS get full.json /ProfileName
+  THEN get full.json /AdminPassword)
+zeltcfg_case(get_list SAMPLES full.json STEPS get full.json /AdvancedRule/WhiteList/VPNDescList
+  THEN get full.json AdvancedRule.WhiteList.VPNDescList.2)
+zeltcfg_case(get_object SAMPLES full.json STEPS get full.json /ClientSetting/HTTPS
+  THEN get full.json /AdvancedRule/EnforceList)
+zeltcfg_case(get_absent SAMPLES minimal.json STEPS get minimal.json /ClientSetting/FailOpen
+  THEN get minimal.json /AdvancedRule/EnforceList/IPList
+  THEN get minimal.json /AdvancedRule/WhiteList)
+zeltcfg_case(get_bad_paths SAMPLES full.json
+  STEPS get full.json /ClientSetting/Communication/AutoUpgradeURI
+  THEN get full.json /Nothing
+  THEN get full.json /ClientSetting/HTTPS/SSLFilter/More
+  THEN get full.json /AdvancedRule/EnforceList/IPList/3
+  THEN get full.json /AdvancedRule/EnforceList/IPList/first
+  THEN get full.json ClientSetting..HTTPS
+  THEN get full.json /ClientSetting/~2)
+zeltcfg_case(get_standard_input STDIN full.json STEPS get - /ContentUploadChannel/FileTypesToScan)
+
+# set
+zeltcfg_case(set_round_trip SAMPLES minimal.json RESULT minimal.json
+  STEPS set minimal.json /ClientSetting/StatsPeriod 4294967295
+  THEN get minimal.json /ClientSetting/StatsPeriod
+  THEN set minimal.json ProfileName "Außendienst \"Nord\""
+  THEN get minimal.json ProfileName
+  THEN check minimal.json)
+zeltcfg_case(set_makes_parents_present SAMPLES minimal.json RESULT minimal.json
+  STEPS set minimal.json /AdvancedRule/WhiteList/ProcessNames agent.exe
+  THEN show minimal.json)
+zeltcfg_case(set_list_entry SAMPLES full.json RESULT full.json
+  STEPS set full.json /AdvancedRule/EnforceList/IPList/1 10.1.0.0/16
+  THEN get full.json /AdvancedRule/EnforceList/IPList)
+zeltcfg_case(set_keeps_permissions SAMPLES minimal.json MODE 640
+  STEPS set minimal.json /ClientSetting/LogUpload 0)
+zeltcfg_case(set_bad_values SAMPLES minimal.json UNCHANGED minimal.json
+  STEPS set minimal.json /ClientSetting/LogUpload -1
+  THEN set minimal.json /ClientSetting/LogUpload 4294967296
+  THEN set minimal.json /ClientSetting/LogUpload 0x10
+  THEN set minimal.json /ClientSetting/LogUpload +5
+  THEN set minimal.json /ClientSetting/HTTPS 1
+  THEN set minimal.json /AdvancedRule/EnforceList/IPList 1.2.3.4
+  THEN set minimal.json /ClientSetting/Nothing 1)
+zeltcfg_case(set_invalid_file SAMPLES invalid-missing-sslfilter.json
+  UNCHANGED invalid-missing-sslfilter.json
+  STEPS set invalid-missing-sslfilter.json /ClientSetting/HTTPS/SSLFilter 1)
+zeltcfg_case(set_missing_file STEPS set missing.json /ProfileName x)
+zeltcfg_case(set_failing_save SAMPLES full.json UNCHANGED full.json FILE_SIZE_LIMIT_ZERO
+  STEPS set full.json /ProfileName changed)
+zeltcfg_case(set_standard_input STDIN minimal.json STEPS set - /SchemaVersion 2.0)
+zeltcfg_case(set_drops_unknown_members SAMPLES lint.json RESULT lint.json
+  STEPS set lint.json /ClientSetting/HTTPS/SSLFilter 1)
+
+# unset
+zeltcfg_case(unset_round_trip SAMPLES full.json RESULT full.json
+  STEPS unset full.json /ClientSetting/FailOpen
+  THEN get full.json /ClientSetting/FailOpen
+  THEN unset full.json AdvancedRule.WhiteList
+  THEN unset full.json /ContentUploadChannel/ClientRequestHeaders
+  THEN unset full.json /ClientSetting/Communication
+  THEN check full.json)
+zeltcfg_case(unset_required SAMPLES full.json UNCHANGED full.json
+  STEPS unset full.json /ClientSetting/HTTPS/SSLFilter
+  THEN unset full.json /ClientSetting
+  THEN unset full.json /AdvancedRule/EnforceList/IPList/0)
+zeltcfg_case(unset_absent SAMPLES minimal.json UNCHANGED minimal.json
+  STEPS unset minimal.json /AdvancedRule/EnforceList/ProcessNames)
+
+# add and remove
+zeltcfg_case(add_round_trip SAMPLES minimal.json RESULT minimal.json
+  STEPS add minimal.json /ContentUploadChannel/ClientRequestHeaders "X-Tenant: acme"
+  THEN add minimal.json ContentUploadChannel.ClientRequestHeaders "X-Zone: 東京"
+  THEN get minimal.json /ContentUploadChannel/ClientRequestHeaders
+  THEN remove minimal.json /ContentUploadChannel/ClientRequestHeaders 0
+  THEN get minimal.json /ContentUploadChannel/ClientRequestHeaders)
+zeltcfg_case(add_not_a_list SAMPLES full.json UNCHANGED full.json
+  STEPS add full.json /ProfileName x
+  THEN add full.json /AdvancedRule/EnforceList/IPList/0 x)
+zeltcfg_case(remove_bad_index SAMPLES full.json UNCHANGED full.json
+  STEPS remove full.json /AdvancedRule/EnforceList/IPList 3
+  THEN remove full.json /AdvancedRule/EnforceList/IPList last
+  THEN remove full.json /AdvancedRule/EnforceList 0)
+zeltcfg_case(remove_from_absent_list SAMPLES minimal.json UNCHANGED minimal.json
+  STEPS remove minimal.json /AdvancedRule/WhiteList/VPNDescList 0)
+
+# fmt
+zeltcfg_case(fmt_rewrites SAMPLES full.json RESULT full.json
+  STEPS fmt full.json THEN fmt --check full.json)
+zeltcfg_case(fmt_check SAMPLES full.json minimal.json UNCHANGED full.json
+  STEPS fmt --check full.json minimal.json)
+zeltcfg_case(fmt_invalid SAMPLES broken.json minimal.json UNCHANGED broken.json
+  STEPS fmt broken.json minimal.json)
+zeltcfg_case(fmt_standard_input STDIN minimal.json STEPS fmt -)
+
+# new and schema
+zeltcfg_case(new_configuration STEPS new)
+zeltcfg_case(schema_text STEPS schema)

@@ -1,0 +1,114 @@
+# Runs one zeltcfg test case: copies its samples into a fresh folder of its
+# own, runs its steps there (each a zeltcfg command line) and compares the
+# standard output, standard error and exit codes of all steps with
+# expected/<name>.out, .err and .code (a missing .out or .err means empty).
+# It also checks what a step must leave behind: a file byte for byte as it
+# was (UNCHANGED) or as expected/<name>.json (RESULT), its permissions (MODE)
+# and no other file in the folder.
+#
+#   cmake -DCASE=<binary dir>/cases/<name>.cmake -P RunCase.cmake
+#
+# With ZELTCFG_UPDATE_EXPECTED=1 in the environment the expected files are
+# written from this run instead (review the difference before committing).
+cmake_minimum_required(VERSION 3.25)
+include(${CASE})
+
+set(update "$ENV{ZELTCFG_UPDATE_EXPECTED}")
+set(expected ${EXPECTED_DIR}/${NAME})
+file(REMOVE_RECURSE ${WORK_DIR})
+file(MAKE_DIRECTORY ${WORK_DIR})
+set(sample_names)
+foreach(sample IN LISTS SAMPLES)
+  file(COPY ${sample} DESTINATION ${WORK_DIR})
+  get_filename_component(sample_name ${sample} NAME)
+  list(APPEND sample_names ${sample_name})
+endforeach()
+if(MODE)
+  execute_process(COMMAND chmod ${MODE} ${WORK_DIR}/${MODE_FILE} COMMAND_ERROR_IS_FATAL ANY)
+endif()
+
+set(launcher)
+if(FILE_SIZE_LIMIT_ZERO)
+  # No file can grow under this limit, for root as for anyone: every save
+  # fails while it writes.
+  set(launcher sh -c "ulimit -f 0 && exec \"$0\" \"$@\"")
+endif()
+set(input)
+if(STDIN)
+  set(input INPUT_FILE ${STDIN})
+endif()
+
+set(all_out "")
+set(all_err "")
+set(all_codes "")
+list(APPEND STEPS THEN)
+set(step)
+foreach(word IN LISTS STEPS)
+  if(NOT word STREQUAL "THEN")
+    list(APPEND step "${word}")
+    continue()
+  endif()
+  execute_process(COMMAND ${launcher} ${TOOL} ${step}
+    WORKING_DIRECTORY ${WORK_DIR} ${input}
+    OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE code)
+  string(APPEND all_out "${out}")
+  string(APPEND all_err "${err}")
+  string(APPEND all_codes "${code}\n")
+  set(step)
+endforeach()
+
+set(failures "")
+function(compare what actual file)
+  if(update)
+    if(actual STREQUAL "" AND NOT file MATCHES "\\.code$")
+      file(REMOVE ${file})
+    else()
+      file(WRITE ${file} "${actual}")
+    endif()
+    return()
+  endif()
+  set(wanted "")
+  if(EXISTS ${file})
+    file(READ ${file} wanted)
+  endif()
+  if(NOT actual STREQUAL wanted)
+    string(APPEND failures "${what} differs from ${file}\n--- expected\n${wanted}\n--- actual\n${actual}\n")
+    set(failures "${failures}" PARENT_SCOPE)
+  endif()
+endfunction()
+
+compare("standard output" "${all_out}" ${expected}.out)
+compare("standard error" "${all_err}" ${expected}.err)
+compare("exit codes" "${all_codes}" ${expected}.code)
+
+if(UNCHANGED)
+  list(FIND sample_names ${UNCHANGED} index)
+  list(GET SAMPLES ${index} original)
+  file(SHA256 ${original} before)
+  file(SHA256 ${WORK_DIR}/${UNCHANGED} after)
+  if(NOT before STREQUAL after)
+    string(APPEND failures "${UNCHANGED} was changed; it must stay byte for byte as it was\n")
+  endif()
+endif()
+if(RESULT)
+  file(READ ${WORK_DIR}/${RESULT} result_text)
+  compare("${RESULT}" "${result_text}" ${expected}.json)
+endif()
+if(MODE)
+  execute_process(COMMAND stat -c %a ${WORK_DIR}/${MODE_FILE} OUTPUT_VARIABLE mode
+                  OUTPUT_STRIP_TRAILING_WHITESPACE)
+  if(NOT mode STREQUAL MODE)
+    string(APPEND failures "${MODE_FILE} has mode ${mode}, not ${MODE}\n")
+  endif()
+endif()
+
+file(GLOB left RELATIVE ${WORK_DIR} ${WORK_DIR}/* ${WORK_DIR}/.*)
+list(SORT left)
+list(SORT sample_names)
+if(NOT "${left}" STREQUAL "${sample_names}")
+  string(APPEND failures "the folder holds ${left}, not only ${sample_names}\n")
+endif()
+
+if(NOT failures STREQUAL "")
+  message(FATAL_ERROR "${failures}")
+endif()
