@@ -4,13 +4,6 @@
 
 #include <new>
 
-#if defined(_WIN32)
-#include <windows.h>
-
-// Loading and unloading do nothing beyond the runtime's own start-up.
-extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD, LPVOID) { return TRUE; }
-#endif
-
 IJSONManager* zeltCreateJSONManager(char* utf8Text, int length) {
     CJSONManager* manager = new (std::nothrow) CJSONManager();
     if (manager == nullptr) return nullptr;

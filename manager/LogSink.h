@@ -3,7 +3,12 @@
 #ifndef ZELT_MANAGER_LOGSINK_H
 #define ZELT_MANAGER_LOGSINK_H
 
-// Sends one record with file "JSONManager" and level 3. On Linux it goes to
+// Every record names this file and this level.
+inline constexpr const wchar_t* kLogFile = L"JSONManager";
+inline constexpr int kLogLevel = 3;
+
+// Sends one record with file "JSONManager" and level 3. On Windows it goes to
+// PLXR_PrintMessage, imported from the agent's PLXR.dll. On Linux it goes to
 // PLXR_PrintMessage when the host process defines it, and otherwise to
 // standard error as one line: "JSONManager: <function>(<line>) level 3: <text>".
 void LogManagerFailure(const wchar_t* function, int line, const wchar_t* message);

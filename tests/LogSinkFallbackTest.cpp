@@ -1,7 +1,8 @@
 // LogSinkFallbackTest.cpp: a host process without the logging sink. This
 // program defines no PLXR_PrintMessage, so each of the manager's log calls must
 // arrive on standard error as one line: "<file>: <function>(<line>) level
-// <level>: <message>".
+// <level>: <message>". On Windows the sink is always PLXR.dll, so there is
+// nothing to fall back from.
 #include <zelt/zelt.h>
 
 #include <gtest/gtest.h>
@@ -16,6 +17,9 @@ namespace {
 class LogSinkFallbackTest : public ::testing::Test {
 protected:
     void SetUp() override {
+#if defined(_WIN32)
+        GTEST_SKIP() << "zelt.dll imports PLXR_PrintMessage from PLXR.dll: there is no fallback";
+#endif
         manager_ = NewManager();
         ASSERT_NE(manager_, nullptr);
     }

@@ -1,5 +1,7 @@
 // LogCapture.h: records the calls that the library makes to the logging sink,
 // so that a test can assert file, function, line, level and text exactly.
+// The calls are kept by the tests' own sink (support/RecordingPLXR.h), which
+// is the PLXR.dll beside the test programs on Windows.
 #ifndef ZELT_TESTS_LOGCAPTURE_H
 #define ZELT_TESTS_LOGCAPTURE_H
 
@@ -16,7 +18,7 @@ struct LogRecord {
 };
 
 // Every call received since the last ClearCapturedLogs, in order.
-std::vector<LogRecord>& CapturedLogs();
+std::vector<LogRecord> CapturedLogs();
 void ClearCapturedLogs();
 
 #endif  // ZELT_TESTS_LOGCAPTURE_H

@@ -119,8 +119,27 @@ inline StringRead ReadArrayString(IJSONManager& manager, JSONNode* array, const 
 
 // ---- Texts
 
-// A wide string of count copies of one code point.
+// Where wchar_t is a UTF-16 unit (Windows), a code point above U+FFFF takes
+// two of them, a surrogate pair; elsewhere one wchar_t holds any code point.
+inline constexpr bool kWideTextIsUtf16 = sizeof(wchar_t) == 2;
+
+// The wide text of one code point.
+inline std::wstring CodePoint(char32_t codePoint) {
+    if (kWideTextIsUtf16 && codePoint > 0xFFFF) {
+        const char32_t offset = codePoint - 0x10000;
+        return {static_cast<wchar_t>(0xD800 + (offset >> 10)),
+                static_cast<wchar_t>(0xDC00 + (offset & 0x3FF))};
+    }
+    return std::wstring(1, static_cast<wchar_t>(codePoint));
+}
+
+// A wide string of count copies of one unit, or of one text.
 inline std::wstring Repeated(wchar_t unit, std::size_t count) { return std::wstring(count, unit); }
+inline std::wstring Repeated(const std::wstring& text, std::size_t count) {
+    std::wstring result;
+    for (std::size_t i = 0; i < count; ++i) result += text;
+    return result;
+}
 
 // A narrow string of count copies of a UTF-8 sequence.
 inline std::string RepeatedBytes(const std::string& sequence, std::size_t count) {

@@ -1,5 +1,6 @@
 // TempFile.h: files for the tests: a private temporary folder, byte-exact
-// reading and writing, and narrow/wide path helpers.
+// reading and writing, and narrow/wide path helpers. Narrow paths are UTF-8
+// on every system.
 #ifndef ZELT_TESTS_TEMPFILE_H
 #define ZELT_TESTS_TEMPFILE_H
 

@@ -1,19 +1,5 @@
 #include "manager/FileProbe.h"
 
-#if defined(_WIN32)
-#include <windows.h>
-
-bool ProbeFileExclusive(const wchar_t* path, std::uint32_t& size) {
-    // Share mode 0: a file that another handle holds open fails here.
-    HANDLE file = CreateFileW(path, GENERIC_READ, 0, nullptr, OPEN_EXISTING,
-                              FILE_FLAG_OVERLAPPED | FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return false;
-    size = GetFileSize(file, nullptr);
-    CloseHandle(file);
-    return true;
-}
-
-#else
 #include "manager/TextConversion.h"
 
 #include <fcntl.h>
@@ -54,4 +40,3 @@ bool ProbeFileExclusive(const wchar_t* path, std::uint32_t& size) {
     close(fd);
     return probed;
 }
-#endif

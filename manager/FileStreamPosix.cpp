@@ -1,16 +1,5 @@
 #include "manager/FileStream.h"
 
-#if defined(_WIN32)
-
-std::FILE* OpenFileStream(const wchar_t* path, const char* mode) {
-    if (path == nullptr) return nullptr;
-    std::FILE* stream = nullptr;
-    if (_wfopen_s(&stream, path, mode[0] == 'r' ? L"rb" : L"wb") != 0) return nullptr;
-    if (stream != nullptr) std::setvbuf(stream, nullptr, _IONBF, 0);
-    return stream;
-}
-
-#else
 #include "manager/TextConversion.h"
 
 #include <string>
@@ -22,4 +11,3 @@ std::FILE* OpenFileStream(const wchar_t* path, const char* mode) {
     if (stream != nullptr) std::setvbuf(stream, nullptr, _IONBF, 0);
     return stream;
 }
-#endif

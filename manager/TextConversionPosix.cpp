@@ -1,31 +1,6 @@
 #include "manager/TextConversion.h"
 
-#if defined(_WIN32)
-#include <windows.h>
-
-#include <climits>
-
-namespace {
-constexpr UINT kUtf8CodePage = 65001;
-
-int ClampToInt(std::size_t capacity) {
-    return capacity > static_cast<std::size_t>(INT_MAX) ? INT_MAX : static_cast<int>(capacity);
-}
-}  // namespace
-
-std::size_t ConvertWideToUtf8(const wchar_t* text, char* buffer, std::size_t capacity) {
-    const int written = WideCharToMultiByte(kUtf8CodePage, 0, text, -1, capacity ? buffer : nullptr,
-                                            ClampToInt(capacity), nullptr, nullptr);
-    return written < 1 ? 0 : static_cast<std::size_t>(written);
-}
-
-std::size_t ConvertUtf8ToWide(const char* text, wchar_t* buffer, std::size_t capacity) {
-    const int written = MultiByteToWideChar(kUtf8CodePage, 0, text, -1, capacity ? buffer : nullptr,
-                                            ClampToInt(capacity));
-    return written < 1 ? 0 : static_cast<std::size_t>(written);
-}
-
-#else  // wchar_t holds one code point
+// wchar_t holds one code point.
 
 namespace {
 constexpr char32_t kReplacement = 0xFFFD;
@@ -102,16 +77,4 @@ std::size_t ConvertUtf8ToWide(const char* text, wchar_t* buffer, std::size_t cap
         ++used;
         if (end) return used;
     }
-}
-
-#endif
-
-bool ConvertWideToUtf8(const wchar_t* text, std::string& out) {
-    if (text == nullptr) return false;
-    const std::size_t needed = ConvertWideToUtf8(text, nullptr, 0);
-    if (needed == 0) return false;
-    out.resize(needed);
-    if (ConvertWideToUtf8(text, out.data(), needed) != needed) return false;
-    out.pop_back();  // the terminator is std::string's own
-    return true;
 }

@@ -7,11 +7,6 @@
 extern "C" void PLXR_PrintMessage(const wchar_t* file, const wchar_t* function, int line, int level,
                                   const wchar_t* message) __attribute__((weak));
 
-namespace {
-constexpr const wchar_t* kLogFile = L"JSONManager";
-constexpr int kLogLevel = 3;
-}  // namespace
-
 void LogManagerFailure(const wchar_t* function, int line, const wchar_t* message) {
     if (PLXR_PrintMessage != nullptr) {
         PLXR_PrintMessage(kLogFile, function, line, kLogLevel, message);

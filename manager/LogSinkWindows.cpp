@@ -1,0 +1,11 @@
+#include "manager/LogSink.h"
+
+// The agent's logging library; zelt.dll is linked against an import library
+// made from PLXR.def, so PLXR.dll must sit beside it.
+extern "C" __declspec(dllimport) void PLXR_PrintMessage(const wchar_t* file,
+                                                        const wchar_t* function, int line,
+                                                        int level, const wchar_t* message);
+
+void LogManagerFailure(const wchar_t* function, int line, const wchar_t* message) {
+    PLXR_PrintMessage(kLogFile, function, line, kLogLevel, message);
+}
