@@ -24,8 +24,8 @@ constexpr std::size_t kLookedUpNameBytes = 1024;
 
 // AddElement's own type codes.
 constexpr int kNewObject = 0;
-constexpr int kNewArray = 1;
-constexpr int kNewArrayAlternative = 2;
+[[maybe_unused]] constexpr int kNewArray = 1;
+[[maybe_unused]] constexpr int kNewArrayAlternative = 2;
 constexpr int kParentItself = 3;
 constexpr int kParentItselfAlternative = 4;
 
