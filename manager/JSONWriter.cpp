@@ -59,60 +59,81 @@ constexpr std::size_t kLongestEscape = 6;
 // ones are written in pieces of this length.
 constexpr std::size_t kPieceLength = 4096;
 
-// Whether any of the eight bytes in block needs an escape or ends the text:
-// a byte below 0x20, '"', '\\' or '/'.
-bool NeedsEscape(std::uint64_t block) {
+// The bytes of block that need an escape or end the text (those below 0x20,
+// '"', '\\' and '/'), each marked by its high bit, all other bits clear. Each
+// byte is computed on its own: nothing carries into the next byte.
+std::uint64_t EscapeMarks(std::uint64_t block) {
     constexpr std::uint64_t kOnes = 0x0101010101010101u;
+    constexpr std::uint64_t kLowBits = 0x7F7F7F7F7F7F7F7Fu;
     constexpr std::uint64_t kHighBits = 0x8080808080808080u;
-    const auto hasZeroByte = [](std::uint64_t v) { return (v - kOnes) & ~v & kHighBits; };
-    const std::uint64_t below0x20 = (block - kOnes * 0x20) & ~block & kHighBits;
-    return (below0x20 | hasZeroByte(block ^ (kOnes * '"')) | hasZeroByte(block ^ (kOnes * '\\')) |
-            hasZeroByte(block ^ (kOnes * '/'))) != 0;
+    const auto isZero = [](std::uint64_t v) {
+        return ~(((v & kLowBits) + kLowBits) | v) & kHighBits;
+    };
+    const std::uint64_t below0x20 =
+        ~(((block & kLowBits) + kOnes * (0x80 - 0x20)) | block) & kHighBits;
+    return below0x20 | isZero(block ^ (kOnes * '"')) | isZero(block ^ (kOnes * '\\')) |
+           isZero(block ^ (kOnes * '/'));
 }
 
-// Writes the escaped form of the bytes from p up to stop, or up to a zero
-// byte before it, at out. Gives the end of the output; p is left at the zero
-// byte, or at stop.
-char* EscapeBytes(const char*& p, const char* stop, char* out) {
+// The place, in memory order, of the first byte that marks has marked.
+std::size_t FirstMarkedByte(std::uint64_t marks) {
+    unsigned char bytes[8];
+    std::memcpy(bytes, &marks, 8);
+    std::size_t index = 0;
+    while (bytes[index] == 0) ++index;
+    return index;
+}
+
+// Writes the escape of byte, whose table entry is next, at out and gives the
+// end of it.
+char* WriteEscape(unsigned char byte, char next, char* out) {
     static const char kHexDigits[] = "0123456789abcdef";
-    for (; p != stop; ++p) {
-        const auto byte = static_cast<unsigned char>(*p);
-        const char next = kEscapes.next[byte];
-        if (next == 0) {
-            *out++ = *p;
-            continue;
-        }
-        if (next == kEndOfText) break;
-        *out++ = '\\';
-        *out++ = next;
-        if (next == kHexEscape) {
-            *out++ = '0';
-            *out++ = '0';
-            *out++ = kHexDigits[byte >> 4];
-            *out++ = kHexDigits[byte & 0x0F];
-        }
+    *out++ = '\\';
+    *out++ = next;
+    if (next == kHexEscape) {
+        *out++ = '0';
+        *out++ = '0';
+        *out++ = kHexDigits[byte >> 4];
+        *out++ = kHexDigits[byte & 0x0F];
     }
     return out;
 }
 
-// Escapes length bytes from p (fewer when a zero byte comes first) at out:
-// eight bytes at a time are copied while none of them needs an escape.
-// Gives the end of the output; p is left at the zero byte or after the bytes.
+// Escapes length bytes from p (fewer when a zero byte comes first) at out,
+// which has room for their longest form. Eight bytes at a time are copied as
+// they are up to the first that needs an escape. Gives the end of the output;
+// p is left at the zero byte or after the bytes.
 char* EscapePiece(const char*& p, std::size_t length, char* out) {
     const char* const end = p + length;
     while (end - p >= 8) {
         std::uint64_t block;
         std::memcpy(&block, p, 8);
-        if (NeedsEscape(block)) {
-            out = EscapeBytes(p, p + 8, out);
-            if (p != end && *p == '\0') return out;
-        } else {
-            std::memcpy(out, p, 8);
+        std::memcpy(out, p, 8);
+        const std::uint64_t marks = EscapeMarks(block);
+        if (marks == 0) {
             p += 8;
             out += 8;
+            continue;
         }
+        const std::size_t plain = FirstMarkedByte(marks);
+        p += plain;
+        out += plain;
+        const auto byte = static_cast<unsigned char>(*p);
+        const char next = kEscapes.next[byte];
+        if (next == kEndOfText) return out;
+        out = WriteEscape(byte, next, out);
+        ++p;
     }
-    return EscapeBytes(p, end, out);
+    for (; p != end; ++p) {
+        const auto byte = static_cast<unsigned char>(*p);
+        const char next = kEscapes.next[byte];
+        if (next == kEndOfText) break;
+        if (next == 0)
+            *out++ = *p;
+        else
+            out = WriteEscape(byte, next, out);
+    }
+    return out;
 }
 
 // A string whose text ends at its first zero byte, which comes at the latest
@@ -172,6 +193,7 @@ struct OpenContainer {
     bool isObject;
     bool first;
     lh_entry* nextMember;   // objects
+    array_list* items;      // arrays
     std::size_t nextItem;   // arrays
     std::size_t itemCount;  // arrays
 };
@@ -182,11 +204,13 @@ bool BeginValue(json_object* node, std::vector<OpenContainer>& stack, JSONText& 
     switch (type) {
         case json_type_object:
             out.Append("{", 1);
-            stack.push_back({node, true, true, lh_table_head(json_object_get_object(node)), 0, 0});
+            stack.push_back(
+                {node, true, true, lh_table_head(json_object_get_object(node)), nullptr, 0, 0});
             return true;
         case json_type_array:
             out.Append("[", 1);
-            stack.push_back({node, false, true, nullptr, 0, json_object_array_length(node)});
+            stack.push_back({node, false, true, nullptr, json_object_get_array(node), 0,
+                             json_object_array_length(node)});
             return true;
         default:
             AppendScalar(node, type, out);
@@ -212,7 +236,8 @@ bool NextValue(OpenContainer& container, JSONText& out, json_object*& value) {
         value = static_cast<json_object*>(lh_entry_v(container.nextMember));
         container.nextMember = lh_entry_next(container.nextMember);
     } else {
-        value = json_object_array_get_idx(container.node, container.nextItem++);
+        value =
+            static_cast<json_object*>(array_list_get_idx(container.items, container.nextItem++));
     }
     return true;
 }
