@@ -169,13 +169,14 @@ int CJSONManager::SaveToJSONFile(const wchar_t* path) {
         return ZELT_NOTHING_TO_SAVE;
     }
     // A string root is saved as its bare characters, without quotes, up to
-    // its first zero byte.
-    JSONText text;
+    // its first zero byte. The text goes to the file as it is written, so
+    // that no copy of the whole document is held.
+    JSONText text(stream);
     if (IsKind(root_, json_type_string))
         text.Append(json_object_get_string(root_), std::strlen(json_object_get_string(root_)));
     else
         AppendJSONText(root_, text);
-    if (std::fwrite(text.Data(), 1, text.Size(), stream) < text.Size()) {
+    if (!text.Flush()) {
         LogManagerFailure(kFunction, 174, L"Failed to write full string to export file.");
         std::fclose(stream);
         return ZELT_FAILED;

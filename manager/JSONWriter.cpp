@@ -17,11 +17,24 @@ void JSONText::Clear() {
     if (bytes_) *bytes_ = '\0';
 }
 
-void JSONText::Grow(std::size_t count) {
+bool JSONText::Flush() {
+    if (stream_ != nullptr && size_ != 0) {
+        if (!shortWrite_ && std::fwrite(bytes_.get(), 1, size_, stream_) < size_)
+            shortWrite_ = true;
+        Clear();
+    }
+    return !shortWrite_;
+}
+
+void JSONText::MakeRoom(std::size_t count) {
+    Flush();
+    if (capacity_ - size_ > count) return;
     // Doubling keeps appending linear; one byte more for the zero byte. A
     // large block grows in place, by remapping, without copying or touching
-    // its pages again.
-    const std::size_t capacity = std::max({2 * capacity_, size_ + count + 1, std::size_t{256}});
+    // its pages again. A stream's buffer grows only for a longer piece.
+    constexpr std::size_t kStreamBuffer = 1 << 16;
+    const std::size_t least = stream_ != nullptr ? kStreamBuffer : 256;
+    const std::size_t capacity = std::max({2 * capacity_, size_ + count + 1, least});
     void* grown = std::realloc(bytes_.get(), capacity);
     if (grown == nullptr) throw std::bad_alloc();
     static_cast<void>(bytes_.release());

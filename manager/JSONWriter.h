@@ -9,6 +9,7 @@
 #define ZELT_MANAGER_JSONWRITER_H
 
 #include <cstddef>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -17,10 +18,13 @@ struct json_object;
 
 // A text that grows at its end, always followed by a zero byte. Room is made
 // before it is written and never filled in advance, so that writing costs
-// one pass over the bytes.
+// one pass over the bytes. A text made for a stream is written out to it
+// whenever its buffer is full, so that its buffer stays small; Data and Size
+// then hold what has not been written out yet.
 class JSONText {
 public:
     JSONText() = default;
+    explicit JSONText(std::FILE* stream) : stream_(stream) {}
     JSONText(const JSONText&) = delete;
     JSONText& operator=(const JSONText&) = delete;
 
@@ -28,10 +32,13 @@ public:
     std::size_t Size() const { return size_; }
     // Empties the text and keeps its storage.
     void Clear();
+    // Writes out the rest of a text made for a stream. False when any write
+    // to the stream was short.
+    bool Flush();
 
     // Gives the end of the text, with room for at least count more bytes.
     char* Room(std::size_t count) {
-        if (capacity_ - size_ <= count) Grow(count);
+        if (capacity_ - size_ <= count) MakeRoom(count);
         return bytes_.get() + size_;
     }
     // The bytes written into the room up to end become part of the text.
@@ -46,7 +53,7 @@ public:
     }
 
 private:
-    void Grow(std::size_t count);
+    void MakeRoom(std::size_t count);
 
     struct Release {
         void operator()(char* bytes) const { std::free(bytes); }
@@ -54,6 +61,8 @@ private:
     std::unique_ptr<char, Release> bytes_;
     std::size_t size_ = 0;
     std::size_t capacity_ = 0;
+    std::FILE* stream_ = nullptr;
+    bool shortWrite_ = false;
 };
 
 // Appends the text of node (and everything below it) to out. Nesting depth
