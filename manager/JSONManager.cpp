@@ -11,9 +11,9 @@
 
 #include <climits>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <cwchar>
-#include <new>
 
 namespace {
 
@@ -56,10 +56,11 @@ bool NameFits(const wchar_t* name) {
 // Kept out of line so that leak checkers can name this one site.
 [[gnu::noinline]] json_object* CreateUnattachedObject() { return json_object_new_object(); }
 
-// The read buffer of a file import. It is intentionally not freed after the
-// parse: each import keeps size + 1 bytes, as the library always has.
+// The read buffer of a file import, zeroed. It is intentionally not freed
+// after the parse: each import keeps size + 1 bytes, as the library always
+// has. calloc takes fresh pages, already zero, without writing them again.
 [[gnu::noinline]] char* AllocateImportBuffer(std::uint32_t size) {
-    return new (std::nothrow) char[static_cast<std::size_t>(size) + 1]();
+    return static_cast<char*>(std::calloc(static_cast<std::size_t>(size) + 1, 1));
 }
 
 int SaturatedInt(std::size_t value) {
@@ -149,7 +150,7 @@ int CJSONManager::ImportFromJSONFile(const wchar_t* path) {
     }
     if (std::fread(buffer, 1, size, stream) < size) {
         std::fclose(stream);
-        delete[] buffer;
+        std::free(buffer);
         return ZELT_BAD_ARGUMENT;
     }
     std::fclose(stream);
