@@ -29,8 +29,10 @@ void UseWallClock(bool wallClock);
 // Seconds per iteration of each job and size that ran.
 using Timings = std::map<std::pair<std::string, std::size_t>, double>;
 
-// Prints the ratios of the library's jobs to json-c's, and the targets.
-void PrintRatios(const Timings& timings, std::FILE* out);
+// Prints the ratios of the library's jobs to json-c's, and the targets. A
+// short run (a job timed on fewer than three iterations) gets no verdicts:
+// its first iterations start from a fresh heap, unlike the steady state.
+void PrintRatios(const Timings& timings, bool shortRun, std::FILE* out);
 
 }  // namespace zelt_bench
 

@@ -33,11 +33,15 @@ public:
     void Finalize() override { display_->Finalize(); }
 
     const zelt_bench::Timings& Timings() const { return timings_; }
+    // Whether a job was timed on fewer than three iterations, without
+    // repetitions to take a median of.
+    bool ShortRun() const { return shortRun_; }
 
 private:
     void Record(const Run& run) {
         const bool median = run.run_type == Run::RT_Aggregate && run.aggregate_name == "median";
         if (run.error_occurred || (run.run_type == Run::RT_Aggregate && !median)) return;
+        if (!median && run.repetitions <= 1 && run.iterations < 3) shortRun_ = true;
         const auto key = std::make_pair(run.run_name.function_name,
                                         static_cast<std::size_t>(std::stoull(run.run_name.args)));
         const double seconds =
@@ -54,6 +58,7 @@ private:
     std::unique_ptr<BenchmarkReporter> display_;
     zelt_bench::Timings timings_;
     std::map<std::pair<std::string, std::size_t>, bool> medians_;
+    bool shortRun_ = false;
 };
 
 std::unique_ptr<BenchmarkReporter> MakeDisplay(const std::string& format) {
@@ -110,7 +115,8 @@ int main(int argc, char** argv) {
     RecordingReporter reporter(MakeDisplay(format));
     benchmark::RunSpecifiedBenchmarks(&reporter);
     // Machine-readable output on standard output stays as it is.
-    zelt_bench::PrintRatios(reporter.Timings(), format == "console" ? stdout : stderr);
+    zelt_bench::PrintRatios(reporter.Timings(), reporter.ShortRun(),
+                            format == "console" ? stdout : stderr);
     benchmark::Shutdown();
     return 0;
 }
