@@ -255,6 +255,22 @@ bool NextValue(OpenContainer& container, JSONText& out, json_object*& value) {
     return true;
 }
 
+// Writes the array's next items for as long as they are scalars, which most
+// items of a document are, without going through the stack.
+void AppendScalarItems(OpenContainer& array, JSONText& out) {
+    for (; array.nextItem != array.itemCount; ++array.nextItem) {
+        auto* item = static_cast<json_object*>(array_list_get_idx(array.items, array.nextItem));
+        const json_type type = json_object_get_type(item);
+        if (type == json_type_object || type == json_type_array) return;
+        if (array.first)
+            out.Append(" ", 1);
+        else
+            out.Append(", ", 2);
+        array.first = false;
+        AppendScalar(item, type, out);
+    }
+}
+
 }  // namespace
 
 void AppendJSONText(json_object* node, JSONText& out) {
@@ -262,6 +278,7 @@ void AppendJSONText(json_object* node, JSONText& out) {
     BeginValue(node, stack, out);
     while (!stack.empty()) {
         OpenContainer& container = stack.back();
+        if (!container.isObject) AppendScalarItems(container, out);
         json_object* value = nullptr;
         if (NextValue(container, out, value)) {
             BeginValue(value, stack, out);
