@@ -1,6 +1,6 @@
 #include "config/MemberIO.h"
 
-#include <algorithm>
+#include <cwchar>
 #include <memory>
 #include <new>
 
@@ -14,8 +14,8 @@ constexpr int kObjectCode = 0;
 constexpr int kFirstBufferLength = 1024;
 
 // The text up to its terminator, never past the buffer's end.
-std::wstring TextUpToTerminator(const wchar_t* buffer, int capacity) {
-    return std::wstring(buffer, std::find(buffer, buffer + capacity, L'\0'));
+void AssignUpToTerminator(std::wstring& out, const wchar_t* buffer, int capacity) {
+    out.assign(buffer, wcsnlen(buffer, static_cast<std::size_t>(capacity)));
 }
 }  // namespace
 
@@ -26,7 +26,7 @@ StringRead ReadStringInTwoSteps(IJSONManager* mgr, JSONNode* node, const wchar_t
     int length = kFirstBufferLength;
     const int first = mgr->GetStringAttribute(node, key, buffer, &length);
     if (first == ZELT_SUCCESS) {
-        out = TextUpToTerminator(buffer, kFirstBufferLength);
+        AssignUpToTerminator(out, buffer, kFirstBufferLength);
         return StringRead::Read;
     }
     if (first != ZELT_BUFFER_TOO_SMALL || length <= kFirstBufferLength) return StringRead::Missing;
@@ -40,7 +40,7 @@ StringRead ReadStringInTwoSteps(IJSONManager* mgr, JSONNode* node, const wchar_t
     larger[0] = L'\0';
     if (mgr->GetStringAttribute(node, key, larger.get(), &length) != ZELT_SUCCESS)
         return StringRead::SecondStepFailed;
-    out = TextUpToTerminator(larger.get(), capacity);
+    AssignUpToTerminator(out, larger.get(), capacity);
     return StringRead::Read;
 }
 

@@ -100,6 +100,7 @@ int StringList<Interface, EntryInterface, Entry, Names>::ReadFromJSONMgr(IJSONMa
     // Below 1 covers an empty array and a null node (-101). A node that is not
     // an array counts 2 and then fails at its first item.
     const int count = mgr->GetArrayCount(node, Names::kEntry);
+    if (count > 0) entries_.reserve(static_cast<std::size_t>(count));
     for (int index = 0; index < count; ++index) {
         JSONNode* item = mgr->GetArrayElement(node, Names::kEntry, index);
         auto entry = std::make_unique<Entry>();

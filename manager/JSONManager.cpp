@@ -11,7 +11,9 @@
 
 #include <climits>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
+#include <cwchar>
 #include <memory>
 #include <new>
 
@@ -42,6 +44,15 @@ bool ConvertName(const wchar_t* name, char (&buffer)[Capacity]) {
     return ConvertWideToUtf8(name, buffer, Capacity) >= 1;
 }
 
+// Whether ConvertName would succeed. No unit takes more than four bytes, so
+// a short name needs no measuring.
+template <std::size_t Capacity>
+bool NameFits(const wchar_t* name) {
+    if (std::wcslen(name) < Capacity / 4) return true;
+    const std::size_t needed = ConvertWideToUtf8(name, nullptr, 0);
+    return needed != 0 && needed <= Capacity;
+}
+
 // An object made under a parent that can hold no member: it is handed to the
 // caller and never freed by the manager. Callers rely on getting a node back.
 // Kept out of line, and its call not made a tail call (the volatile read
@@ -51,15 +62,50 @@ bool ConvertName(const wchar_t* name, char (&buffer)[Capacity]) {
     return object;
 }
 
-// The read buffer of a file import. It is intentionally not freed after the
-// parse: each import keeps size + 1 bytes, as the library always has.
+// The read buffer of a file import, zeroed. It is intentionally not freed
+// after the parse: each import keeps size + 1 bytes, as the library always
+// has. calloc takes fresh pages, already zero, without writing them again.
 [[gnu::noinline]] char* AllocateImportBuffer(std::uint32_t size) {
-    return new (std::nothrow) char[static_cast<std::size_t>(size) + 1]();
+    // Not a tail call, so that this frame names the allocation in leak reports.
+    char* volatile buffer = static_cast<char*>(std::calloc(static_cast<std::size_t>(size) + 1, 1));
+    return buffer;
 }
 
 int SaturatedInt(std::size_t value) {
     return value > static_cast<std::size_t>(INT_MAX) ? INT_MAX : static_cast<int>(value);
 }
+
+// The UTF-8 form of a wide text: in a fixed buffer when it fits, as names and
+// most values do, else in a string of its own.
+class Utf8Text {
+public:
+    Utf8Text() = default;
+    Utf8Text(const Utf8Text&) = delete;
+    Utf8Text& operator=(const Utf8Text&) = delete;
+
+    // False when text is null or does not convert.
+    bool Convert(const wchar_t* text) {
+        if (text == nullptr) return false;
+        const std::size_t written = ConvertWideToUtf8(text, fixed_, sizeof fixed_);
+        if (written != 0) {
+            data_ = fixed_;
+            size_ = written - 1;
+            return true;
+        }
+        if (!ConvertWideToUtf8(text, long_)) return false;
+        data_ = long_.c_str();
+        size_ = long_.size();
+        return true;
+    }
+    const char* Data() const { return data_; }
+    std::size_t Size() const { return size_; }
+
+private:
+    char fixed_[512];
+    std::string long_;
+    const char* data_ = nullptr;
+    std::size_t size_ = 0;
+};
 
 }  // namespace
 
@@ -112,7 +158,7 @@ int CJSONManager::ImportFromJSONFile(const wchar_t* path) {
     }
     if (std::fread(buffer, 1, size, stream) < size) {
         std::fclose(stream);
-        delete[] buffer;
+        std::free(buffer);
         return ZELT_BAD_ARGUMENT;
     }
     std::fclose(stream);
@@ -132,13 +178,15 @@ int CJSONManager::SaveToJSONFile(const wchar_t* path) {
         LogManagerFailure(kFunction, 179, L"Failed to convert object to a JSON string.");
         return ZELT_NOTHING_TO_SAVE;
     }
-    // A string root is saved as its bare characters, without quotes.
-    std::string text;
+    // A string root is saved as its bare characters, without quotes, up to
+    // its first zero byte. The text goes to the file as it is written, so
+    // that no copy of the whole document is held.
+    JSONText text(stream.get());
     if (IsKind(root_, json_type_string))
-        text = json_object_get_string(root_);
+        text.Append(json_object_get_string(root_), std::strlen(json_object_get_string(root_)));
     else
         AppendJSONText(root_, text);
-    if (std::fwrite(text.data(), 1, text.size(), stream.get()) < text.size()) {
+    if (!text.Flush()) {
         LogManagerFailure(kFunction, 174, L"Failed to write full string to export file.");
         return ZELT_FAILED;
     }
@@ -157,14 +205,16 @@ bool CJSONManager::ReplaceMember(json_object* object, const char* key, json_obje
 
 JSONNode* CJSONManager::AddElement(JSONNode* parent, const wchar_t* name, int type) {
     if (name == nullptr) return nullptr;
+    // The parent itself needs no key, only a name that would fit the buffer.
+    const bool parentItself = type == kParentItself || type == kParentItselfAlternative;
     char key[kAddedNameBytes];
-    if (!ConvertName(name, key)) return nullptr;
+    if (parentItself ? !NameFits<kAddedNameBytes>(name) : !ConvertName(name, key)) return nullptr;
     json_object* target = parent != nullptr ? AsJSON(parent) : root_;
     if (target == nullptr || type < kNewObject || type > kParentItselfAlternative) {
         lastResult_ = ZELT_BAD_ARGUMENT;
         return nullptr;
     }
-    if (type == kParentItself || type == kParentItselfAlternative) return AsNode(target);
+    if (parentItself) return AsNode(target);
 
     if (type == kNewObject) {
         if (!IsContainer(target)) return AsNode(CreateUnattachedObject());
@@ -231,8 +281,8 @@ int CJSONManager::StoreValue(json_object* node, const char* key, json_object* va
 
 int CJSONManager::SetDWORDAttribute(JSONNode* node, const wchar_t* name, DWORD value) {
     if (node == nullptr) return ZELT_BAD_ARGUMENT;
-    std::string key;
-    if (!ConvertWideToUtf8(name, key)) return ZELT_FAILED;
+    Utf8Text key;
+    if (!key.Convert(name)) return ZELT_FAILED;
     if (!IsContainer(AsJSON(node))) {
         lastResult_ = ZELT_BAD_ARGUMENT;
         return ZELT_BAD_ARGUMENT;
@@ -240,19 +290,24 @@ int CJSONManager::SetDWORDAttribute(JSONNode* node, const wchar_t* name, DWORD v
     // Stored as a signed 32-bit integer: values from 2147483648 up are written
     // as their negative reading and read back as the same DWORD.
     const auto stored = static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
-    return StoreValue(AsJSON(node), key.c_str(), json_object_new_int(stored));
+    return StoreValue(AsJSON(node), key.Data(), json_object_new_int(stored));
 }
 
 int CJSONManager::SetStringAttribute(JSONNode* node, const wchar_t* name, const wchar_t* value) {
     if (node == nullptr || value == nullptr) return ZELT_BAD_ARGUMENT;
-    std::string text, key;
-    if (!ConvertWideToUtf8(value, text) || !ConvertWideToUtf8(name, key)) return ZELT_FAILED;
-    if (!IsContainer(AsJSON(node))) {
+    // Any name there is converts, but only an object uses it: an array takes
+    // the value as its next item.
+    Utf8Text text, key;
+    if (!text.Convert(value) || name == nullptr) return ZELT_FAILED;
+    json_object* target = AsJSON(node);
+    const json_type kind = json_object_get_type(target);
+    if (kind != json_type_object && kind != json_type_array) {
         lastResult_ = ZELT_BAD_ARGUMENT;
         return ZELT_BAD_ARGUMENT;
     }
-    return StoreValue(AsJSON(node), key.c_str(),
-                      json_object_new_string_len(text.data(), SaturatedInt(text.size())));
+    if (kind == json_type_object && !key.Convert(name)) return ZELT_FAILED;
+    return StoreValue(target, key.Data(),
+                      json_object_new_string_len(text.Data(), SaturatedInt(text.Size())));
 }
 
 json_object* CJSONManager::FindAttribute(json_object* node, const wchar_t* name) {
@@ -271,16 +326,25 @@ int CJSONManager::GetDWORDAttribute(JSONNode* node, const wchar_t* name, DWORD* 
 }
 
 int CJSONManager::DeliverText(json_object* node, wchar_t* buffer, int* length) {
-    std::string serialized;
+    JSONText serialized;
     const char* text;
+    std::size_t bytes;
     if (IsKind(node, json_type_string)) {
         text = json_object_get_string(node);
+        bytes = static_cast<std::size_t>(json_object_get_string_len(node));
     } else {
         AppendJSONText(node, serialized);
-        text = serialized.c_str();
+        text = serialized.Data();
+        bytes = serialized.Size();
     }
     if (text == nullptr) return ZELT_NOT_PRESENT;
     if (length == nullptr) return ZELT_BAD_ARGUMENT;
+    // Every unit comes from at least one byte, so a buffer of bytes + 2 units
+    // always holds the text and the needed length: then one pass converts.
+    if (buffer != nullptr && *length >= 0 && bytes + 2 <= static_cast<std::size_t>(*length)) {
+        *length = SaturatedInt(ConvertUtf8ToWide(text, buffer, bytes + 1) + 1);
+        return ZELT_SUCCESS;
+    }
     // The needed length counts one unit beyond the terminator; callers rely
     // on exactly this value.
     const std::size_t units = ConvertUtf8ToWide(text, nullptr, 0);

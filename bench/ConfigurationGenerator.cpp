@@ -1,0 +1,145 @@
+#include "ConfigurationGenerator.h"
+
+#include <random>
+
+namespace zelt_bench {
+
+namespace {
+
+// The raw output of std::mt19937 is fixed by the C++ standard, unlike its
+// distributions: reduce it by hand so that every library gives the same text.
+class Random {
+public:
+    explicit Random(std::uint32_t seed) : engine_(seed) {}
+    std::uint32_t Below(std::uint32_t bound) { return engine_() % bound; }
+    std::string Number(std::uint32_t bound) { return std::to_string(Below(bound)); }
+
+    template <std::size_t Size>
+    const char* Choose(const char* const (&choices)[Size]) {
+        return choices[Below(Size)];
+    }
+
+private:
+    std::mt19937 engine_;
+};
+
+// Writes text as the library's writer does: quoted, with \" \\ \/ escaped.
+// The generated strings hold no control characters.
+void AppendString(const std::string& text, std::string& out) {
+    out += '"';
+    for (char c : text) {
+        if (c == '"' || c == '\\' || c == '/') out += '\\';
+        out += c;
+    }
+    out += '"';
+}
+
+// Each function draws its numbers in a fixed order before it builds the text.
+std::string Address(Random& random) {
+    const std::uint32_t kind = random.Below(4);
+    const std::string a = random.Number(256), b = random.Number(256), c = random.Number(256);
+    switch (kind) {
+        case 0:  // an address
+            return "10." + a + "." + b + "." + c;
+        case 1:  // an IPv4 block
+            return "172." + a + "." + b + ".0/" + std::to_string(16 + random.Below(9));
+        case 2:  // an IPv6 block
+            return "fd00:" + a + ":" + b + ":" + c + "::/" + std::to_string(48 + random.Below(17));
+        default:  // a host name
+            static const char* const kRegions[] = {"eu-west", "us-east", "ap-south", "sa-east"};
+            return "host-" + a + b + "." + kRegions[random.Below(4)] + ".example.net";
+    }
+}
+
+std::string VPNDescription(Random& random) {
+    static const char* const kNames[] = {"Büro-VPN Zürich ", "東京 VPN 🔒 ",
+                                         "Filiale Köln ",    "Corporate VPN \"Main\" ",
+                                         "C:\\VPN\\client-", "Site-to-site eu/"};
+    const char* name = random.Choose(kNames);
+    return name + random.Number(100000);
+}
+
+std::string HeaderLine(Random& random) {
+    static const char* const kNames[] = {"X-Tenant", "X-Region", "X-Label", "X-Path"};
+    static const char* const kValues[] = {"acme-", "eu-west/", "\"Qualität\" ", "C:\\data\\"};
+    const std::uint32_t kind = random.Below(4);
+    const std::string number = random.Number(1000);
+    return std::string(kNames[kind]) + "-" + number + ": " + kValues[kind] + random.Number(100000);
+}
+
+// A list of count entries: `[ "a", "b" ]`.
+template <class Entry>
+std::string List(std::size_t count, Random& random, Entry entry) {
+    std::string out = "[";
+    for (std::size_t i = 0; i < count; ++i) {
+        out += i == 0 ? " " : ", ";
+        AppendString(entry(random), out);
+    }
+    return out + " ]";
+}
+
+// Host name patterns separated by ';', exactly kDomainListsBytes long.
+std::string DomainLists(Random& random) {
+    std::string text;
+    while (text.size() < kDomainListsBytes)
+        text += "*.d" + random.Number(1000000) + ".example.com;";
+    text.resize(kDomainListsBytes);
+    return text;
+}
+
+std::string Quoted(const std::string& text) {
+    std::string out;
+    AppendString(text, out);
+    return out;
+}
+
+const char kMinimal[] =
+    "{ \"ClientSetting\": { \"Communication\": { \"DispServerHostname\": \"disp.example.net\", "
+    "\"LogUploadInterval\": 600, \"ManagementQueryInterval\": 300 }, \"HTTPS\": { "
+    "\"InspectHostnameOnly\": 0, \"SSLFilter\": 1, \"UpstreamVerification\": 1 }, "
+    "\"ContentUpload\": 0, \"LogUpload\": 1, \"URLLocalCache\": 1 }, \"AdvancedRule\": { }, "
+    "\"ContentUploadChannel\": { \"MaxFileSizeForScan\": 10485760 }, \"ProfileName\": "
+    "\"Default\", \"SchemaVersion\": \"1.0\", \"AdminPassword\": \"\" }";
+
+}  // namespace
+
+std::string GenerateConfiguration(std::size_t entriesPerList, std::uint32_t seed) {
+    if (entriesPerList == 0) return kMinimal;
+    Random random(seed);
+    const std::size_t n = entriesPerList;
+    // One statement per random part: the operands of + are not sequenced.
+    std::string text =
+        "{ \"ClientSetting\": { \"Communication\": { \"AutoUpgradeQueryInterval\": 3600, "
+        "\"DispServerHostname\": \"disp.example.net\", \"LogServerHostname\": "
+        "\"logs.example.net\", \"EventLogUploadURL\": "
+        "\"https:\\/\\/logs.example.net\\/upload\\/events?site=münchen\", \"AutoupgradeURI\": "
+        "\"https:\\/\\/updates.example.net\\/agent\\/latest\", \"LogUploadInterval\": 600, "
+        "\"ManagementQueryInterval\": 300, \"EnablePII\": 1 }, \"HTTPS\": { "
+        "\"InspectHostnameOnly\": 1, \"SSLFilter\": 1, \"UpstreamVerification\": 0, "
+        "\"WhiteList\": \"bank.example.com;pay.example.org\", \"WhiteListWithPorts\": "
+        "\"mail.example.com:993;intranet.example.local:8443\" }, \"ContentUpload\": 1, "
+        "\"FailOpen\": 1, \"LogUpload\": 1, \"URLLocalCache\": 0, \"SafeMode\": 0, "
+        "\"StatsPeriod\": 900 }, \"AdvancedRule\": { \"EnforceList\": { \"IPList\": ";
+    text += List(n, random, Address);
+    text += ", \"ProcessNames\": \"chrome.exe;firefox.exe;msedge.exe\", \"DomainLists\": ";
+    text += Quoted(DomainLists(random));
+    text += " }, \"WhiteList\": { \"IPList\": ";
+    text += List(n, random, Address);
+    text += ", \"VPNDescList\": ";
+    text += List(n, random, VPNDescription);
+    text += ", \"DomainLists\": ";
+    text += Quoted(DomainLists(random));
+    text +=
+        ", \"ProcessNames\": \"C:\\\\Program Files\\\\Agent\\\\agent.exe;backup.exe\" }, "
+        "\"EnforceProxyServer\": 1, \"BypassPrivateIP\": 1, \"BypassLocalIP\": 0 }, "
+        "\"ContentUploadChannel\": { \"ClientRequestHeaders\": ";
+    text += List(n, random, HeaderLine);
+    text +=
+        ", \"MaxFileSizeForScan\": 52428800, \"FileTypesToBlock\": \"exe;dll;scr\", "
+        "\"FileTypesToScan\": \"pdf;docx;xlsx;zip\" }, \"ProfileName\": \"Standard-Profil "
+        "für Außendienst\", \"SchemaVersion\": \"2.1\", \"AdminPassword\": "
+        "\"p@ss\\/w\\\\rd\\\"42\", \"EnableTrayiconMenu\": 1 }";
+    return text;
+}
+
+}  // namespace zelt_bench
