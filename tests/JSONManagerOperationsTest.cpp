@@ -856,6 +856,34 @@ TEST_F(JSONManagerOperationsTest, GetStringCutShortSequenceIsOneReplacementChara
     EXPECT_EQ(length, 4);
 }
 
+TEST_F(JSONManagerOperationsTest, GetStringRefusesOverlongSurrogateAndOutOfRangeSequences) {
+    // The second byte after E0, ED, F0 and F4 has a narrower range: below it
+    // (or above it) the sequence is invalid and gives only U+FFFD.
+    Load(
+        "{\"e0\":\"\xE0\x9F\xBF\",\"e0ok\":\"\xE0\xA0\x80\",\"ed\":\"\xED\xA0\x80\","
+        "\"edok\":\"\xED\x9F\xBF\",\"f0\":\"\xF0\x8F\xBF\xBF\",\"f0ok\":\"\xF0\x90\x80\x80\","
+        "\"f4\":\"\xF4\x90\x80\x80\",\"f4ok\":\"\xF4\x8F\xBF\xBF\"}");
+    EXPECT_EQ(StringOf(root_, L"e0ok"), L"\u0800");
+    EXPECT_EQ(StringOf(root_, L"edok"), L"\uD7FF");
+    EXPECT_EQ(StringOf(root_, L"f0ok"), L"\U00010000");
+    EXPECT_EQ(StringOf(root_, L"f4ok"), L"\U0010FFFF");
+#if defined(_WIN32)
+    // The system conversion decides how many replacement characters an
+    // invalid sequence gives.
+    for (const wchar_t* key : {L"e0", L"ed", L"f0", L"f4"}) {
+        const std::wstring text = StringOf(root_, key);
+        EXPECT_FALSE(text.empty()) << key;
+        EXPECT_EQ(text.find_first_not_of(L'\uFFFD'), std::wstring::npos) << key;
+    }
+#else
+    // The lead byte alone is one invalid sequence; each byte after it is another.
+    EXPECT_EQ(StringOf(root_, L"e0"), L"\uFFFD\uFFFD\uFFFD");
+    EXPECT_EQ(StringOf(root_, L"ed"), L"\uFFFD\uFFFD\uFFFD");
+    EXPECT_EQ(StringOf(root_, L"f0"), L"\uFFFD\uFFFD\uFFFD\uFFFD");
+    EXPECT_EQ(StringOf(root_, L"f4"), L"\uFFFD\uFFFD\uFFFD\uFFFD");
+#endif
+}
+
 TEST_F(JSONManagerOperationsTest, GetStringReturnsRawCharacters) {
     Load(R"({"s":"x\/y\"z\\w\n"})");
     EXPECT_EQ(StringOf(root_, L"s"), L"x/y\"z\\w\n");
