@@ -84,6 +84,15 @@ protected:
     }
     static constexpr const char* kOldSaved = "{ \"old\": 1 }";
 
+    // A file import that the probe refuses: -1, one "Failed to open file."
+    // record, and the document that was there stays.
+    static void ExpectImportRefused(IJSONManager& manager, const std::wstring& path) {
+        EXPECT_EQ(manager.ImportFromJSONFile(path.c_str()), ZELT_BAD_ARGUMENT);
+        EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
+        ClearCapturedLogs();
+        EXPECT_EQ(SavedText(manager), kOldSaved);
+    }
+
     TempDir dir_;
 };
 
@@ -411,11 +420,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileNullPathLogsAndKeepsDocument) {
 
 TEST_F(JSONManagerLifecycleTest, ImportFileMissingLogsAndKeepsDocument) {
     ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
-    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(dir_.File("missing.json")).c_str()),
-              ZELT_BAD_ARGUMENT);
-    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
-    ClearCapturedLogs();
-    EXPECT_EQ(SavedText(*manager), kOldSaved);
+    ExpectImportRefused(*manager, WidePath(dir_.File("missing.json")));
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportFileInMissingFolderLogs) {
@@ -428,10 +433,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileInMissingFolderLogs) {
 
 TEST_F(JSONManagerLifecycleTest, ImportFileRefusesDirectory) {
     ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
-    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(dir_.Path()).c_str()), ZELT_BAD_ARGUMENT);
-    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
-    ClearCapturedLogs();
-    EXPECT_EQ(SavedText(*manager), kOldSaved);
+    ExpectImportRefused(*manager, WidePath(dir_.Path()));
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFifoWithoutBlocking) {
@@ -441,10 +443,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFifoWithoutBlocking) {
     const std::string path = dir_.File("pipe");
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
     ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
-    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
-    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
-    ClearCapturedLogs();
-    EXPECT_EQ(SavedText(*manager), kOldSaved);
+    ExpectImportRefused(*manager, WidePath(path));
 #endif
 }
 
@@ -455,10 +454,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFileOpenForReading) {
     {
         HeldFile holder(path, HeldFile::Access::kRead);
         ASSERT_TRUE(holder.IsOpen());
-        EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
-        EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
-        ClearCapturedLogs();
-        EXPECT_EQ(SavedText(*manager), kOldSaved);
+        ExpectImportRefused(*manager, WidePath(path));
     }
     // Once the other handle is closed the same file imports.
     EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_SUCCESS);
@@ -472,10 +468,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFileOpenForWriting) {
     ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
     HeldFile holder(path, HeldFile::Access::kAppend);
     ASSERT_TRUE(holder.IsOpen());
-    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
-    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
-    ClearCapturedLogs();
-    EXPECT_EQ(SavedText(*manager), kOldSaved);
+    ExpectImportRefused(*manager, WidePath(path));
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportFileRefusesFileOpenThroughStream) {
@@ -617,10 +610,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileRefusesSymbolicLinkToDirectory) {
     if (!MakeSymbolicLink(dir_.Path(), link))
         GTEST_SKIP() << "this process may not make symbolic links";
     ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
-    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(link).c_str()), ZELT_BAD_ARGUMENT);
-    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
-    ClearCapturedLogs();
-    EXPECT_EQ(SavedText(*manager), kOldSaved);
+    ExpectImportRefused(*manager, WidePath(link));
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportFileRefusesDanglingSymbolicLink) {
@@ -628,10 +618,7 @@ TEST_F(JSONManagerLifecycleTest, ImportFileRefusesDanglingSymbolicLink) {
     if (!MakeSymbolicLink(dir_.File("gone.json"), link))
         GTEST_SKIP() << "this process may not make symbolic links";
     ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
-    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(link).c_str()), ZELT_BAD_ARGUMENT);
-    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
-    ClearCapturedLogs();
-    EXPECT_EQ(SavedText(*manager), kOldSaved);
+    ExpectImportRefused(*manager, WidePath(link));
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportFileRefusesCharacterDevice) {
@@ -653,20 +640,14 @@ TEST_F(JSONManagerLifecycleTest, ImportFileWithOverlongNameLogs) {
     // One path component longer than any file system allows.
     const std::string path = dir_.File(std::string(kNameMax + 1, 'n') + ".json");
     ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
-    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path).c_str()), ZELT_BAD_ARGUMENT);
-    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
-    ClearCapturedLogs();
-    EXPECT_EQ(SavedText(*manager), kOldSaved);
+    ExpectImportRefused(*manager, WidePath(path));
 }
 
 TEST_F(JSONManagerLifecycleTest, ImportFileWithOverlongPathLogs) {
     std::string path = dir_.Path();
     while (path.size() <= kPathMax) path += "/" + std::string(200, 'd');
     ExportDestroyedManagerPtr manager = ManagerWithOldDocument();
-    EXPECT_EQ(manager->ImportFromJSONFile(WidePath(path + "/doc.json").c_str()), ZELT_BAD_ARGUMENT);
-    EXPECT_EQ(CapturedLogs(), Records{kOpenFailedRecord});
-    ClearCapturedLogs();
-    EXPECT_EQ(SavedText(*manager), kOldSaved);
+    ExpectImportRefused(*manager, WidePath(path + "/doc.json"));
 }
 
 // A long path that the system accepts works like any other, both ways.
