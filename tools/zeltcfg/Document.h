@@ -10,6 +10,7 @@
 #define ZELTCFG_DOCUMENT_H
 
 #include "DocumentText.h"
+#include "InputReading.h"
 
 #include <zelt/zelt.h>
 
@@ -18,9 +19,6 @@
 #include <vector>
 
 namespace zeltcfg {
-
-// The name under which standard input is read and reported.
-inline constexpr const char* kStandardInput = "-";
 
 struct ManagerDeleter {
     void operator()(IJSONManager* manager) const { zeltDestroyJSONManager(manager); }
