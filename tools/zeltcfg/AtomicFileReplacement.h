@@ -3,11 +3,14 @@
 // failure at any step leaves the old file as it was.
 //
 // The new text is written, by the library, to a new file in the same folder
-// as the file it replaces; Commit then gives it the original's permissions,
-// flushes it to disk and renames it over the original. Until Commit
-// succeeds, the new file is removed again when the replacement ends.
+// as the file it replaces; Commit then flushes it to disk and renames it
+// over the original, keeping the original's permissions (on Windows its
+// attributes and security). Until Commit succeeds, the new file is removed
+// again when the replacement ends.
 #ifndef ZELTCFG_ATOMICFILEREPLACEMENT_H
 #define ZELTCFG_ATOMICFILEREPLACEMENT_H
+
+#include "InputReading.h"
 
 #include <memory>
 #include <string>
@@ -31,7 +34,8 @@ public:
 private:
     friend class FileReplacement;
     std::string path_;
-    int descriptor_ = -1;
+    FileHandle file_{};
+    bool open_ = false;
     bool renamed_ = false;
 };
 

@@ -5,28 +5,17 @@
 #include "InputReading.h"
 #include "MessageCapture.h"
 #include "ReadFailureDiagnosis.h"
-#include "SystemError.h"
+#include "StandardStreams.h"
 #include "TextEncoding.h"
-
-#include <cerrno>
-#include <cstdio>
 
 namespace zeltcfg {
 
 namespace {
 
-std::wstring WidePath(const std::string& path) {
-    std::wstring wide;
-    if (!ConvertUtf8ToWide(path, wide))
-        throw Failure(kExitInputOutput,
-                      path + ": the file name is not valid UTF-8; rename the file or copy it");
-    return wide;
-}
-
 void PrintLibraryMessages(const LoadOptions& options) {
     const std::vector<std::string>& messages = LibraryMessages();
     for (std::size_t i = 0; i < messages.size() && (options.verbose || i == 0); ++i)
-        std::fprintf(stderr, "  %s\n", messages[i].c_str());
+        PrintError("  %s\n", messages[i].c_str());
 }
 
 int ReadConfiguration(Document& document, const LoadOptions& options) {
@@ -40,8 +29,8 @@ int ReadConfiguration(Document& document, const LoadOptions& options) {
     if (result == ZELT_SUCCESS) return kExitSuccess;
     const Diagnosis diagnosis = DiagnoseReadFailure(document.tree, FailingKeys(LibraryMessages()));
     document.failedPointer = diagnosis.pointer;
-    std::fprintf(stderr, "%s: %s: %s\n", document.Place(diagnosis.offset).c_str(),
-                 diagnosis.pointer.c_str(), diagnosis.problem.c_str());
+    PrintError("%s: %s: %s\n", document.Place(diagnosis.offset).c_str(), diagnosis.pointer.c_str(),
+               diagnosis.problem.c_str());
     PrintLibraryMessages(options);
     return kExitInvalid;
 }
@@ -56,18 +45,18 @@ int ImportAndRead(Document& document, const LoadOptions& options) {
     else
         result = document.manager->ImportFromJSONFile(WidePath(document.argument).c_str());
     if (result == ZELT_BAD_ARGUMENT && document.argument != kStandardInput) {
-        std::fprintf(stderr,
-                     "%s: the library cannot open the file for import: another program holds "
-                     "it open; close that program and try again\n",
-                     document.name.c_str());
+        PrintError(
+            "%s: the library cannot open the file for import: another program holds "
+            "it open; close that program and try again\n",
+            document.name.c_str());
         PrintLibraryMessages(options);
         return kExitInputOutput;
     }
     if (result != ZELT_SUCCESS) {
-        std::fprintf(stderr,
-                     "%s: the library does not import this text (result %d); the document must "
-                     "be one JSON object\n",
-                     document.name.c_str(), result);
+        PrintError(
+            "%s: the library does not import this text (result %d); the document must "
+            "be one JSON object\n",
+            document.name.c_str(), result);
         PrintLibraryMessages(options);
         return kExitInvalid;
     }
@@ -101,12 +90,12 @@ int LoadDocument(const std::string& argument, const LoadOptions& options, Docume
     try {
         document.text = ReadInput(argument, document.name);
     } catch (const Failure& failure) {
-        std::fprintf(stderr, "%s\n", failure.what());
+        PrintError("%s\n", failure.what());
         return failure.code;
     }
     if (const auto error = FindParseError(document.text)) {
-        std::fprintf(stderr, "%s: not valid JSON: %s; correct the text at this place\n",
-                     document.Place(error->offset).c_str(), error->reason.c_str());
+        PrintError("%s: not valid JSON: %s; correct the text at this place\n",
+                   document.Place(error->offset).c_str(), error->reason.c_str());
         return kExitInvalid;
     }
     document.tree = ScanText(document.text);
@@ -144,12 +133,6 @@ bool SaveDocument(Document& document) {
     if (text == document.text) return false;
     replacement.Commit();
     return true;
-}
-
-void PrintOutput(const std::string& bytes) {
-    if (std::fwrite(bytes.data(), 1, bytes.size(), stdout) != bytes.size() ||
-        std::fflush(stdout) != 0)
-        throw Failure(kExitInputOutput, "cannot write to standard output: " + ErrorText(errno));
 }
 
 }  // namespace zeltcfg

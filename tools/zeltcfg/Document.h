@@ -61,9 +61,6 @@ std::string WriteConfigurationText(VextorJSConfig::IVextorJSConfig& configuratio
 // output. Throws Failure, leaving the original file as it was.
 bool SaveDocument(Document& document);
 
-// Prints bytes to standard output; throws Failure when that fails.
-void PrintOutput(const std::string& bytes);
-
 }  // namespace zeltcfg
 
 #endif  // ZELTCFG_DOCUMENT_H

@@ -15,9 +15,15 @@ inline constexpr const char* kStandardInput = "-";
 // refused instead of waited on. Throws Failure naming name.
 std::string ReadInput(const std::string& argument, const std::string& name);
 
-// Reads an open descriptor from where it stands to its end; throws Failure
-// naming name.
-std::string ReadAll(int descriptor, const std::string& name);
+#ifdef _WIN32
+using FileHandle = void*;  // a HANDLE
+#else
+using FileHandle = int;  // a descriptor
+#endif
+
+// Reads an open file from where it stands to its end; throws Failure naming
+// name.
+std::string ReadAll(FileHandle file, const std::string& name);
 
 }  // namespace zeltcfg
 

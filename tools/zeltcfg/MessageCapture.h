@@ -12,6 +12,12 @@ namespace zeltcfg {
 // The messages captured since the last clear(); each is one UTF-8 line.
 std::vector<std::string>& LibraryMessages();
 
+// Captures one call of the library's log sink.
+void CaptureLogCall(const wchar_t* function, int line, int level, const wchar_t* message);
+
+// Sends the library's log calls to CaptureLogCall; called once at the entry.
+void HookLibraryLog();
+
 // Captures the elements' debug dump messages while it lives.
 class DebugDumpCapture {
 public:

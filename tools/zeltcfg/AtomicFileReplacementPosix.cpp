@@ -26,20 +26,19 @@ std::string FolderOf(const std::string& path) {
 
 TemporaryFile::TemporaryFile(const std::string& folder, const std::string& stem) {
     path_ = folder + "/." + stem + ".zeltcfg-XXXXXX";
-    descriptor_ = mkostemp(path_.data(), O_CLOEXEC);
-    if (descriptor_ < 0)
+    file_ = mkostemp(path_.data(), O_CLOEXEC);
+    open_ = file_ >= 0;
+    if (!open_)
         throw Failure(kExitInputOutput, "cannot create a temporary file in " + folder + ": " +
                                             ErrorText(errno) + "; the folder must be writable");
 }
 
 TemporaryFile::~TemporaryFile() {
-    if (descriptor_ >= 0) close(descriptor_);
+    if (open_) close(file_);
     if (!renamed_) unlink(path_.c_str());
 }
 
-std::string TemporaryFile::ReadWritten(const std::string& name) {
-    return ReadAll(descriptor_, name);
-}
+std::string TemporaryFile::ReadWritten(const std::string& name) { return ReadAll(file_, name); }
 
 std::string TemporaryFolder() {
     const char* folder = std::getenv("TMPDIR");
@@ -72,7 +71,7 @@ void FileReplacement::Commit() {
         throw Failure(kExitInputOutput,
                       name_ + ": " + step + ": " + ErrorText(errno) + "; the file is unchanged");
     };
-    const int descriptor = file_->descriptor_;
+    const int descriptor = file_->file_;
     const struct stat& original = original_->status;
     if (fchmod(descriptor, original.st_mode & 07777) != 0) fail("cannot keep permissions");
     // Keeping the owner needs privileges that an ordinary user lacks; the

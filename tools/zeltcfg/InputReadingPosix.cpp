@@ -11,7 +11,7 @@
 
 namespace zeltcfg {
 
-std::string ReadAll(int descriptor, const std::string& name) {
+std::string ReadAll(FileHandle descriptor, const std::string& name) {
     std::string text;
     char chunk[65536];
     for (;;) {
