@@ -152,16 +152,24 @@ zeltcfg_case(set_folder_and_missing_folder SAMPLES minimal.json NAMED "folder.js
   STEPS set folder.json /ProfileName x
   THEN set missing/minimal.json /ProfileName x)
 
-# Windows: a file that another program holds open without sharing, the
-# read-only attribute, and a \\?\ path longer than the old limit of 260
+# Windows: a file that another program holds open without sharing or only
+# for reading, the read-only attribute, and a \\?\ path longer than the old limit of 260
 # characters.
-zeltcfg_case(windows_held_file SAMPLES full.json UNCHANGED full.json HOLD full.json
+zeltcfg_case(windows_file_held_without_sharing SAMPLES full.json UNCHANGED full.json HOLD full.json
+  STEPS check full.json
+  THEN set full.json /ProfileName changed)
+zeltcfg_case(windows_file_held_for_reading SAMPLES full.json UNCHANGED full.json
+  HOLD_FOR_READING full.json
   STEPS check full.json
   THEN set full.json /ProfileName changed)
 zeltcfg_case(windows_read_only_file SAMPLES full.json UNCHANGED full.json READ_ONLY full.json
   STEPS set full.json /ProfileName changed
   THEN get full.json /ProfileName
   THEN fmt full.json)
+zeltcfg_case(windows_console_output SAMPLES full.json CONSOLE
+  STEPS get full.json /ProfileName
+  THEN get full.json /AdvancedRule/WhiteList/VPNDescList/1
+  THEN check "fehlt ö.json")
 if(WIN32)
   set(deep_folders)
   foreach(level RANGE 1 4)

@@ -4,8 +4,14 @@
 //
 //   zeltcfg_file_situation hold FILE PROGRAM [ARGUMENT...]
 //       FILE stays open, shared with nobody, while PROGRAM runs.
+//   zeltcfg_file_situation hold-for-reading FILE PROGRAM [ARGUMENT...]
+//       FILE stays open for reading, shared for reading and writing.
 //   zeltcfg_file_situation read-only FILE PROGRAM [ARGUMENT...]
 //       FILE gets the read-only attribute before PROGRAM runs.
+//   zeltcfg_file_situation console FILE PROGRAM [ARGUMENT...]
+//       PROGRAM writes to this program's console; afterwards the lines it
+//       wrote there are read back from the console's screen and saved to
+//       FILE as UTF-8, each without its trailing blanks.
 #include <windows.h>
 
 #include <cstdio>
@@ -58,17 +64,57 @@ int Run(int argc, wchar_t** argv, int first) {
     return static_cast<int>(code);
 }
 
+std::string ScreenRow(HANDLE console, SHORT row, SHORT width) {
+    std::wstring cells(static_cast<std::size_t>(width), L' ');
+    DWORD read = 0;
+    ReadConsoleOutputCharacterW(console, cells.data(), static_cast<DWORD>(width), COORD{0, row},
+                                &read);
+    cells.resize(read);
+    while (!cells.empty() && cells.back() == L' ') cells.pop_back();
+    std::string line(cells.size() * 3, '\0');
+    line.resize(static_cast<std::size_t>(
+        WideCharToMultiByte(CP_UTF8, 0, cells.data(), static_cast<int>(cells.size()), line.data(),
+                            static_cast<int>(line.size()), nullptr, nullptr)));
+    return line + "\n";
+}
+
+// What PROGRAM shows on the console, the rows from where the cursor stood
+// before it ran to where it stands after.
+int RunOnConsole(int argc, wchar_t** argv, const wchar_t* file) {
+    const HANDLE console = GetStdHandle(STD_OUTPUT_HANDLE);
+    CONSOLE_SCREEN_BUFFER_INFO before{};
+    if (GetConsoleScreenBufferInfo(console, &before) == 0) {
+        std::fprintf(stderr, "zeltcfg_file_situation: standard output is not a console\n");
+        return 125;
+    }
+    const int code = Run(argc, argv, 3);
+    CONSOLE_SCREEN_BUFFER_INFO after{};
+    GetConsoleScreenBufferInfo(console, &after);
+    std::string screen;
+    for (SHORT row = before.dwCursorPosition.Y; row < after.dwCursorPosition.Y; ++row)
+        screen += ScreenRow(console, row, after.dwSize.X);
+    std::FILE* saved = _wfopen(file, L"wb");
+    if (saved == nullptr) return 125;
+    std::fwrite(screen.data(), 1, screen.size(), saved);
+    std::fclose(saved);
+    return code;
+}
+
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
     if (argc < 4) {
-        std::fprintf(stderr, "usage: zeltcfg_file_situation hold|read-only FILE PROGRAM...\n");
+        std::fprintf(stderr,
+                     "usage: zeltcfg_file_situation hold|hold-for-reading|read-only|console FILE "
+                     "PROGRAM...\n");
         return 125;
     }
     const std::wstring situation = argv[1];
     const wchar_t* file = argv[2];
-    if (situation == L"hold") {
-        const HANDLE held = CreateFileW(file, GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+    if (situation == L"hold" || situation == L"hold-for-reading") {
+        const bool shared = situation != L"hold";
+        const HANDLE held = CreateFileW(file, shared ? GENERIC_READ : GENERIC_READ | GENERIC_WRITE,
+                                        shared ? FILE_SHARE_READ | FILE_SHARE_WRITE : 0, nullptr,
                                         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
         if (held == INVALID_HANDLE_VALUE) {
             std::fprintf(stderr, "zeltcfg_file_situation: cannot hold the file (error %lu)\n",
@@ -86,6 +132,7 @@ int wmain(int argc, wchar_t** argv) {
         }
         return Run(argc, argv, 3);
     }
+    if (situation == L"console") return RunOnConsole(argc, argv, file);
     std::fprintf(stderr, "zeltcfg_file_situation: unknown situation\n");
     return 125;
 }

@@ -33,6 +33,22 @@ if(FILE_SIZE_LIMIT_ZERO)
   # fails while it writes.
   set(launcher sh -c "ulimit -f 0 && exec \"$0\" \"$@\"")
 endif()
+# The words as one shell command line, each in single quotes.
+function(quote_for_shell variable)
+  set(line)
+  foreach(word IN LISTS ARGN)
+    string(REPLACE "'" "'\\''" word "${word}")
+    string(APPEND line "'${word}' ")
+  endforeach()
+  set(${variable} "${line}" PARENT_SCOPE)
+endfunction()
+
+if(SCREEN)
+  # The tool writes to a console: script(1) gives it a pseudo-terminal, and
+  # what it wrote is read back from the console's screen (SCREEN).
+  quote_for_shell(TOOL ${TOOL})
+  set(launcher script -qec)
+endif()
 set(input)
 if(STDIN)
   set(input INPUT_FILE ${STDIN})
@@ -48,9 +64,19 @@ foreach(word IN LISTS STEPS)
     list(APPEND step "${word}")
     continue()
   endif()
-  execute_process(COMMAND ${launcher} ${TOOL} ${step}
-    WORKING_DIRECTORY ${WORK_DIR} ${input}
-    OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE code)
+  if(SCREEN)
+    quote_for_shell(words ${step})
+    file(REMOVE ${SCREEN})
+    execute_process(COMMAND ${launcher} "${TOOL}${words}" /dev/null
+      WORKING_DIRECTORY ${WORK_DIR} INPUT_FILE /dev/null
+      OUTPUT_QUIET ERROR_VARIABLE err RESULT_VARIABLE code)
+    file(READ ${SCREEN} out)
+    file(REMOVE ${SCREEN})
+  else()
+    execute_process(COMMAND ${launcher} ${TOOL} ${step}
+      WORKING_DIRECTORY ${WORK_DIR} ${input}
+      OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE code)
+  endif()
   string(APPEND all_out "${out}")
   string(APPEND all_err "${err}")
   string(APPEND all_codes "${code}\n")
