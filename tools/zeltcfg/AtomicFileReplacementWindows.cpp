@@ -72,7 +72,8 @@ TemporaryFile::TemporaryFile(const std::string& folder, const std::string& stem)
 
 TemporaryFile::~TemporaryFile() {
     if (open_) CloseHandle(file_);
-    if (!renamed_) DeleteFileW(WidePath(path_).c_str());
+    std::wstring path;
+    if (!renamed_ && ConvertUtf8ToWide(path_, path)) DeleteFileW(path.c_str());
 }
 
 std::string TemporaryFile::ReadWritten(const std::string& name) {
