@@ -9,6 +9,7 @@
 #include "Commands.h"
 #include "Failure.h"
 
+#include <zelt/Version.h>
 #include <CLI/CLI.hpp>
 
 #include <csignal>
@@ -105,7 +106,7 @@ int main(int argc, char** argv) {
 
     CLI::App app{"Checks, shows, changes and formats configuration documents of the agent.",
                  "zeltcfg"};
-    app.set_version_flag("--version", "zeltcfg " ZELT_VERSION);
+    app.set_version_flag("--version", "zeltcfg " ZELT_VERSION_STRING);
     app.require_subcommand(1);
     app.footer(
         "Exit codes: 0 success, 1 invalid configuration or absent value, 2 usage error, "
