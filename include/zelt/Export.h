@@ -1,7 +1,8 @@
-// Export.h: marks the declarations that the zelt library exports.
-//
-// Everything else in the library is hidden. Include <zelt/zelt.h> rather than
-// this header.
+/// \file
+/// Export.h: marks the declarations that the zelt library exports.
+///
+/// Everything else in the library is hidden. Include <zelt/zelt.h> rather than
+/// this header.
 #ifndef ZELT_EXPORT_H
 #define ZELT_EXPORT_H
 
@@ -12,6 +13,9 @@
 #define ZELT_API __declspec(dllimport)
 #endif
 #else
+/// Marks a declaration that the library exports: dllexport while the DLL is
+/// built and dllimport for its callers on Windows, default visibility
+/// elsewhere.
 #define ZELT_API __attribute__((visibility("default")))
 #endif
 

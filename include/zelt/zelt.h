@@ -1,4 +1,5 @@
-// zelt.h: the whole public interface of the zelt configuration library.
+/// \file
+/// zelt.h: the whole public interface of the zelt configuration library.
 #ifndef ZELT_ZELT_H
 #define ZELT_ZELT_H
 
@@ -12,6 +13,7 @@
 #include <zelt/JSONManager.h>
 #include <zelt/StringLists.h>
 #include <zelt/Types.h>
+#include <zelt/Version.h>
 #include <zelt/VextorJSConfig.h>
 #include <zelt/WhiteList.h>
 

@@ -12,6 +12,7 @@
 #include "StandardStreams.h"
 #include "TextEncoding.h"
 
+#include <zelt/Version.h>
 #include <CLI/CLI.hpp>
 
 #include <csignal>
@@ -120,7 +121,7 @@ int RunZeltcfg(int argc, char** argv) {
                  "zeltcfg"};
     // A member path starts with a slash, as a Windows-style option would.
     app.allow_windows_style_options(false);
-    app.set_version_flag("--version", "zeltcfg " ZELT_VERSION);
+    app.set_version_flag("--version", "zeltcfg " ZELT_VERSION_STRING);
     app.require_subcommand(1);
     app.footer(
         "Exit codes: 0 success, 1 invalid configuration or absent value, 2 usage error, "
