@@ -1,9 +1,10 @@
-# The Windows x86-64 build, zelt.dll, cross-built with mingw-w64 and tested
-# under Wine. json-c and GoogleTest are built for the target from Debian's
-# sources into a prefix inside the build tree, then the windows preset is
-# configured, built and tested.
+# The Windows x86-64 build, zelt.dll and zeltcfg.exe, cross-built with
+# mingw-w64 and tested under Wine. json-c and GoogleTest are built for the
+# target from Debian's sources into a prefix inside the build tree, then the
+# windows preset is configured, built and tested. CLI11 is header-only: the
+# build machine's headers serve the target.
 apt-get -o DPkg::Lock::Timeout=600 install -y --no-install-recommends cmake ninja-build \
-  g++-mingw-w64-x86-64-posix wine64 dpkg-dev googletest
+  g++-mingw-w64-x86-64-posix wine64 dpkg-dev googletest libcli11-dev python3 python3-jsonschema
 
 deps=build/windows-deps
 prefix=$PWD/$deps/prefix

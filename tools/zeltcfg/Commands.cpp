@@ -5,10 +5,10 @@
 #include "Failure.h"
 #include "Lint.h"
 #include "MemberPath.h"
+#include "StandardStreams.h"
 #include "TextEncoding.h"
 
 #include <algorithm>
-#include <cstdio>
 
 namespace zeltcfg {
 
@@ -80,12 +80,11 @@ void RequireSuccess(int result, const Document& document, const std::string& poi
 void WarnOfDroppedMembers(const Document& document) {
     for (const LintFinding& finding : LintDocument(document.text, document.tree))
         if (finding.unknownMember)
-            std::fprintf(stderr,
-                         "%s: warning: %s: unknown member, left out of the rewritten file%s\n",
-                         document.Place(finding.offset).c_str(), finding.pointer.c_str(),
-                         finding.suggestion.empty()
-                             ? ""
-                             : ("; did you mean \"" + finding.suggestion + "\"?").c_str());
+            PrintError("%s: warning: %s: unknown member, left out of the rewritten file%s\n",
+                       document.Place(finding.offset).c_str(), finding.pointer.c_str(),
+                       finding.suggestion.empty()
+                           ? ""
+                           : ("; did you mean \"" + finding.suggestion + "\"?").c_str());
 }
 
 void Save(Document& document) {
@@ -146,9 +145,9 @@ int RunCheck(const std::vector<std::string>& files, bool verbose, bool strict) {
                 if (!document.failedPointer.empty() &&
                     finding.pointer.rfind(document.failedPointer, 0) == 0)
                     continue;
-                std::fprintf(stderr, "%s: %s%s: %s\n", document.Place(finding.offset).c_str(),
-                             strict ? "" : "warning: ", finding.pointer.c_str(),
-                             finding.problem.c_str());
+                PrintError("%s: %s%s: %s\n", document.Place(finding.offset).c_str(),
+                           strict ? "" : "warning: ", finding.pointer.c_str(),
+                           finding.problem.c_str());
                 if (strict && result == kExitSuccess) result = kExitInvalid;
             }
         }
@@ -178,11 +177,11 @@ int RunGet(const std::string& file, const std::string& path) {
         std::string message = document.name + ": " + target.pointer + " is absent";
         if (target.absentPointer != target.pointer)
             message += ", since " + target.absentPointer + " is absent";
-        std::fprintf(stderr, "%s; %s\n", message.c_str(),
-                     target.kind == MemberKind::List ? "add entries with \"zeltcfg add\""
-                     : target.kind == MemberKind::Object
-                         ? "set one of its members with \"zeltcfg set\""
-                         : "give it a value with \"zeltcfg set\"");
+        PrintError("%s; %s\n", message.c_str(),
+                   target.kind == MemberKind::List ? "add entries with \"zeltcfg add\""
+                   : target.kind == MemberKind::Object
+                       ? "set one of its members with \"zeltcfg set\""
+                       : "give it a value with \"zeltcfg set\"");
         return kExitInvalid;
     }
     std::string out;
@@ -281,11 +280,11 @@ int RunRemove(const std::string& file, const std::string& path, const std::strin
                                       "\": expected the 0-based number of an entry, in decimal "
                                       "digits");
     if (target.absent) {
-        std::fprintf(stderr, "%s: %s is absent%s; nothing to remove\n", document.name.c_str(),
-                     target.pointer.c_str(),
-                     target.absentPointer == target.pointer
-                         ? ""
-                         : (", since " + target.absentPointer + " is absent").c_str());
+        PrintError("%s: %s is absent%s; nothing to remove\n", document.name.c_str(),
+                   target.pointer.c_str(),
+                   target.absentPointer == target.pointer
+                       ? ""
+                       : (", since " + target.absentPointer + " is absent").c_str());
         return kExitInvalid;
     }
     const std::size_t count = target.member.entries().size();
@@ -314,7 +313,7 @@ int RunFormat(const std::vector<std::string>& files, bool check) {
                 Save(document);
             }
         } catch (const Failure& failure) {
-            std::fprintf(stderr, "%s\n", failure.what());
+            PrintError("%s\n", failure.what());
             result = failure.code;
         }
         worst = std::max(worst, result);

@@ -10,6 +10,7 @@
 #define ZELTCFG_DOCUMENT_H
 
 #include "DocumentText.h"
+#include "InputReading.h"
 
 #include <zelt/zelt.h>
 
@@ -18,9 +19,6 @@
 #include <vector>
 
 namespace zeltcfg {
-
-// The name under which standard input is read and reported.
-inline constexpr const char* kStandardInput = "-";
 
 struct ManagerDeleter {
     void operator()(IJSONManager* manager) const { zeltDestroyJSONManager(manager); }
@@ -62,9 +60,6 @@ std::string WriteConfigurationText(VextorJSConfig::IVextorJSConfig& configuratio
 // the file's is not written; false then. For "-" the text goes to standard
 // output. Throws Failure, leaving the original file as it was.
 bool SaveDocument(Document& document);
-
-// Prints bytes to standard output; throws Failure when that fails.
-void PrintOutput(const std::string& bytes);
 
 }  // namespace zeltcfg
 

@@ -1,5 +1,7 @@
 #include "TextEncoding.h"
 
+#include "Failure.h"
+
 #include <cstdio>
 
 namespace zeltcfg {
@@ -13,6 +15,22 @@ int SequenceLength(unsigned char lead) {
     if (lead >= 0xe0 && lead <= 0xef) return 3;
     if (lead >= 0xf0 && lead <= 0xf4) return 4;
     return 0;
+}
+
+// On Windows a wide string is UTF-16: a code point beyond U+FFFF takes a
+// surrogate pair. Elsewhere each wide character holds one code point.
+constexpr bool kWideIsUtf16 = sizeof(wchar_t) == 2;
+
+bool IsLeadSurrogate(char32_t unit) { return unit >= 0xd800 && unit < 0xdc00; }
+bool IsTrailSurrogate(char32_t unit) { return unit >= 0xdc00 && unit < 0xe000; }
+
+void AppendWide(std::wstring& wide, char32_t point) {
+    if (kWideIsUtf16 && point >= 0x10000) {
+        wide += static_cast<wchar_t>(0xd800 + ((point - 0x10000) >> 10));
+        wide += static_cast<wchar_t>(0xdc00 + ((point - 0x10000) & 0x3ff));
+    } else {
+        wide += static_cast<wchar_t>(point);
+    }
 }
 
 }  // namespace
@@ -50,16 +68,28 @@ bool ConvertUtf8ToWide(const std::string& utf8, std::wstring& wide) {
         const char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
         if (point < smallest[length] || point > 0x10ffff || (point >= 0xd800 && point < 0xe000))
             return false;
-        wide += static_cast<wchar_t>(point);
+        AppendWide(wide, point);
         i += length;
     }
     return true;
 }
 
+std::wstring WidePath(const std::string& path) {
+    std::wstring wide;
+    if (!ConvertUtf8ToWide(path, wide))
+        throw Failure(kExitInputOutput,
+                      path + ": the file name is not valid UTF-8; rename the file or copy it");
+    return wide;
+}
+
 std::string ConvertWideToUtf8(const std::wstring& wide) {
     std::string out;
-    for (const wchar_t unit : wide) {
-        auto point = static_cast<char32_t>(unit);
+    for (std::size_t i = 0; i < wide.size(); ++i) {
+        auto point = static_cast<char32_t>(wide[i]);
+        if (kWideIsUtf16 && IsLeadSurrogate(point) && i + 1 < wide.size() &&
+            IsTrailSurrogate(static_cast<char32_t>(wide[i + 1])))
+            point =
+                0x10000 + ((point - 0xd800) << 10) + (static_cast<char32_t>(wide[++i]) - 0xdc00);
         if (point > 0x10ffff || (point >= 0xd800 && point < 0xe000)) point = 0xfffd;
         AppendUtf8(out, point);
     }

@@ -8,12 +8,17 @@
 //   zeltcfg new                             zeltcfg schema
 #include "Commands.h"
 #include "Failure.h"
+#include "MessageCapture.h"
+#include "StandardStreams.h"
+#include "TextEncoding.h"
 
 #include <zelt/Version.h>
 #include <CLI/CLI.hpp>
 
 #include <csignal>
-#include <cstdio>
+#include <sstream>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -97,15 +102,25 @@ int Dispatch(const CLI::App& app, const Arguments& a) {
     return RunSchema();
 }
 
-}  // namespace
+// Help, the version and usage errors go where CLI11 would send them, through
+// the tool's own streams.
+int ReportParseResult(const CLI::App& app, const CLI::ParseError& error) {
+    std::ostringstream out;
+    std::ostringstream err;
+    const int code = app.exit(error, out, err);
+    zeltcfg::WriteStream(stdout, out.str());
+    zeltcfg::WriteStream(stderr, err.str());
+    return code == 0 ? zeltcfg::kExitSuccess : zeltcfg::kExitUsage;
+}
 
-int main(int argc, char** argv) {
-    // A write past the file size limit then fails with an error that is
-    // reported, instead of ending the program halfway through a save.
-    std::signal(SIGXFSZ, SIG_IGN);
-
+// The command line as UTF-8 words; on every system the same from here on.
+int RunZeltcfg(int argc, char** argv) {
+    zeltcfg::PrepareStandardStreams();
+    zeltcfg::HookLibraryLog();
     CLI::App app{"Checks, shows, changes and formats configuration documents of the agent.",
                  "zeltcfg"};
+    // A member path starts with a slash, as a Windows-style option would.
+    app.allow_windows_style_options(false);
     app.set_version_flag("--version", "zeltcfg " ZELT_VERSION_STRING);
     app.require_subcommand(1);
     app.footer(
@@ -116,15 +131,36 @@ int main(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? zeltcfg::kExitSuccess : zeltcfg::kExitUsage;
+        return ReportParseResult(app, error);
     }
     try {
         return Dispatch(app, arguments);
     } catch (const zeltcfg::Failure& failure) {
-        if (*failure.what() != '\0') std::fprintf(stderr, "zeltcfg: %s\n", failure.what());
+        if (*failure.what() != '\0') zeltcfg::PrintError("zeltcfg: %s\n", failure.what());
         return failure.code;
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "zeltcfg: %s\n", error.what());
+        zeltcfg::PrintError("zeltcfg: %s\n", error.what());
         return zeltcfg::kExitInputOutput;
     }
 }
+
+}  // namespace
+
+#ifdef _WIN32
+// The arguments arrive as UTF-16 and are converted to UTF-8 once, here.
+int wmain(int argc, wchar_t** argv) {
+    std::vector<std::string> words;
+    for (int i = 0; i < argc; ++i) words.push_back(zeltcfg::ConvertWideToUtf8(argv[i]));
+    std::vector<char*> pointers;
+    for (std::string& word : words) pointers.push_back(word.data());
+    pointers.push_back(nullptr);
+    return RunZeltcfg(argc, pointers.data());
+}
+#else
+int main(int argc, char** argv) {
+    // A write past the file size limit then fails with an error that is
+    // reported, instead of ending the program halfway through a save.
+    std::signal(SIGXFSZ, SIG_IGN);
+    return RunZeltcfg(argc, argv);
+}
+#endif

@@ -136,3 +136,50 @@ zeltcfg_case(fmt_standard_input STDIN minimal.json STEPS fmt -)
 # new and schema
 zeltcfg_case(new_configuration STEPS new)
 zeltcfg_case(schema_text STEPS schema)
+
+# File names and places. Names with spaces and non-ASCII letters, and a
+# folder in place of a file, behave the same on every system.
+zeltcfg_case(paths_non_ascii_and_spaced SAMPLES minimal.json full.json
+  NAMED "Außendienst Nord.json" "東京 config/κλειδί ä.json" RESULT "Außendienst Nord.json"
+  STEPS check "Außendienst Nord.json" "東京 config/κλειδί ä.json"
+  THEN set "Außendienst Nord.json" /ProfileName "Zürich Süd"
+  THEN get "Außendienst Nord.json" /ProfileName
+  THEN set "東京 config/κλειδί ä.json" /ProfileName "東京"
+  THEN get "東京 config/κλειδί ä.json" /ProfileName
+  THEN check "fehlt ö.json")
+zeltcfg_case(set_folder_and_missing_folder SAMPLES minimal.json NAMED "folder.json/minimal.json"
+  UNCHANGED "folder.json/minimal.json"
+  STEPS set folder.json /ProfileName x
+  THEN set missing/minimal.json /ProfileName x)
+
+# Windows: a file that another program holds open without sharing or only
+# for reading, the read-only attribute, and a \\?\ path longer than the old limit of 260
+# characters.
+zeltcfg_case(windows_file_held_without_sharing SAMPLES full.json UNCHANGED full.json HOLD full.json
+  STEPS check full.json
+  THEN set full.json /ProfileName changed)
+zeltcfg_case(windows_file_held_for_reading SAMPLES full.json UNCHANGED full.json
+  HOLD_FOR_READING full.json
+  STEPS check full.json
+  THEN set full.json /ProfileName changed)
+zeltcfg_case(windows_read_only_file SAMPLES full.json UNCHANGED full.json READ_ONLY full.json
+  STEPS set full.json /ProfileName changed
+  THEN get full.json /ProfileName
+  THEN fmt full.json)
+zeltcfg_case(windows_console_output SAMPLES full.json CONSOLE
+  STEPS get full.json /ProfileName
+  THEN get full.json /AdvancedRule/WhiteList/VPNDescList/1
+  THEN check "fehlt ö.json")
+if(WIN32)
+  set(deep_folders)
+  foreach(level RANGE 1 4)
+    string(APPEND deep_folders "folder-${level}-with-a-name-long-enough-to-pass-the-old-path-limit/")
+  endforeach()
+  set(long_path "Z:${CMAKE_CURRENT_BINARY_DIR}/work/windows_long_path/${deep_folders}full.json")
+  string(REPLACE "/" "\\" long_path "\\\\?\\${long_path}")
+  zeltcfg_case(windows_long_path SAMPLES full.json NAMED "${deep_folders}full.json"
+    RESULT "${deep_folders}full.json"
+    STEPS set "${long_path}" /ProfileName "long path"
+    THEN get "${long_path}" /ProfileName
+    THEN fmt --check "${long_path}")
+endif()

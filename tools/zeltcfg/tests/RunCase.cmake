@@ -4,7 +4,7 @@
 # expected/<name>.out, .err and .code (a missing .out or .err means empty).
 # It also checks what a step must leave behind: a file byte for byte as it
 # was (UNCHANGED) or as expected/<name>.json (RESULT), its permissions (MODE)
-# and no other file in the folder.
+# and no other file in the folder or below it.
 #
 #   cmake -DCASE=<binary dir>/cases/<name>.cmake -P RunCase.cmake
 #
@@ -17,11 +17,11 @@ set(update "$ENV{ZELTCFG_UPDATE_EXPECTED}")
 set(expected ${EXPECTED_DIR}/${NAME})
 file(REMOVE_RECURSE ${WORK_DIR})
 file(MAKE_DIRECTORY ${WORK_DIR})
-set(sample_names)
-foreach(sample IN LISTS SAMPLES)
-  file(COPY ${sample} DESTINATION ${WORK_DIR})
-  get_filename_component(sample_name ${sample} NAME)
-  list(APPEND sample_names ${sample_name})
+set(sample_names ${NAMES})
+foreach(sample sample_name IN ZIP_LISTS SAMPLES NAMES)
+  get_filename_component(sample_folder ${WORK_DIR}/${sample_name} DIRECTORY)
+  file(MAKE_DIRECTORY ${sample_folder})
+  file(COPY_FILE ${sample} ${WORK_DIR}/${sample_name})
 endforeach()
 if(MODE)
   execute_process(COMMAND chmod ${MODE} ${WORK_DIR}/${MODE_FILE} COMMAND_ERROR_IS_FATAL ANY)
@@ -32,6 +32,22 @@ if(FILE_SIZE_LIMIT_ZERO)
   # No file can grow under this limit, for root as for anyone: every save
   # fails while it writes.
   set(launcher sh -c "ulimit -f 0 && exec \"$0\" \"$@\"")
+endif()
+# The words as one shell command line, each in single quotes.
+function(quote_for_shell variable)
+  set(line)
+  foreach(word IN LISTS ARGN)
+    string(REPLACE "'" "'\\''" word "${word}")
+    string(APPEND line "'${word}' ")
+  endforeach()
+  set(${variable} "${line}" PARENT_SCOPE)
+endfunction()
+
+if(SCREEN)
+  # The tool writes to a console: script(1) gives it a pseudo-terminal, and
+  # what it wrote is read back from the console's screen (SCREEN).
+  quote_for_shell(TOOL ${TOOL})
+  set(launcher script -qec)
 endif()
 set(input)
 if(STDIN)
@@ -48,9 +64,19 @@ foreach(word IN LISTS STEPS)
     list(APPEND step "${word}")
     continue()
   endif()
-  execute_process(COMMAND ${launcher} ${TOOL} ${step}
-    WORKING_DIRECTORY ${WORK_DIR} ${input}
-    OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE code)
+  if(SCREEN)
+    quote_for_shell(words ${step})
+    file(REMOVE ${SCREEN})
+    execute_process(COMMAND ${launcher} "${TOOL}${words}" /dev/null
+      WORKING_DIRECTORY ${WORK_DIR} INPUT_FILE /dev/null
+      OUTPUT_QUIET ERROR_VARIABLE err RESULT_VARIABLE code)
+    file(READ ${SCREEN} out)
+    file(REMOVE ${SCREEN})
+  else()
+    execute_process(COMMAND ${launcher} ${TOOL} ${step}
+      WORKING_DIRECTORY ${WORK_DIR} ${input}
+      OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE code)
+  endif()
   string(APPEND all_out "${out}")
   string(APPEND all_err "${err}")
   string(APPEND all_codes "${code}\n")
@@ -82,16 +108,16 @@ compare("standard error" "${all_err}" ${expected}.err)
 compare("exit codes" "${all_codes}" ${expected}.code)
 
 if(UNCHANGED)
-  list(FIND sample_names ${UNCHANGED} index)
+  list(FIND sample_names "${UNCHANGED}" index)
   list(GET SAMPLES ${index} original)
   file(SHA256 ${original} before)
-  file(SHA256 ${WORK_DIR}/${UNCHANGED} after)
+  file(SHA256 "${WORK_DIR}/${UNCHANGED}" after)
   if(NOT before STREQUAL after)
     string(APPEND failures "${UNCHANGED} was changed; it must stay byte for byte as it was\n")
   endif()
 endif()
 if(RESULT)
-  file(READ ${WORK_DIR}/${RESULT} result_text)
+  file(READ "${WORK_DIR}/${RESULT}" result_text)
   compare("${RESULT}" "${result_text}" ${expected}.json)
 endif()
 if(MODE)
@@ -102,11 +128,20 @@ if(MODE)
   endif()
 endif()
 
-file(GLOB left RELATIVE ${WORK_DIR} ${WORK_DIR}/* ${WORK_DIR}/.*)
+file(GLOB_RECURSE left LIST_DIRECTORIES true RELATIVE ${WORK_DIR} ${WORK_DIR}/*)
+set(kept ${sample_names})
+foreach(sample_name IN LISTS sample_names)
+  get_filename_component(folder "${sample_name}" DIRECTORY)
+  while(folder)
+    list(APPEND kept "${folder}")
+    get_filename_component(folder "${folder}" DIRECTORY)
+  endwhile()
+endforeach()
+list(REMOVE_DUPLICATES kept)
 list(SORT left)
-list(SORT sample_names)
-if(NOT "${left}" STREQUAL "${sample_names}")
-  string(APPEND failures "the folder holds ${left}, not only ${sample_names}\n")
+list(SORT kept)
+if(NOT "${left}" STREQUAL "${kept}")
+  string(APPEND failures "the folder holds ${left}, not only ${kept}\n")
 endif()
 
 if(NOT failures STREQUAL "")

@@ -5,7 +5,9 @@ Every sample that the library reads must be valid; each invalid-*.json
 sample must fail, and among its schema errors there must be one at the
 member where the library fails, as "zeltcfg check" names it.
 
-    validate_samples.py ZELTCFG EXAMPLES_DIR WORK_DIR
+    validate_samples.py EXAMPLES_DIR WORK_DIR ZELTCFG...
+
+ZELTCFG is the command that runs the tool, with its emulator if it needs one.
 """
 import json
 import pathlib
@@ -39,7 +41,7 @@ def library_failure(zeltcfg, sample, work):
     """The member that "zeltcfg check" reports for a private copy of sample."""
     copy = work / sample.name
     shutil.copyfile(sample, copy)
-    run = subprocess.run([zeltcfg, "check", copy.name], cwd=work, capture_output=True, text=True)
+    run = subprocess.run([*zeltcfg, "check", copy.name], cwd=work, capture_output=True, text=True)
     if run.returncode != 1:
         raise SystemExit(f"{sample.name}: zeltcfg check exited {run.returncode}, not 1")
     match = re.match(r"[^:]+:\d+:\d+: (\S+): ", run.stderr)
@@ -49,10 +51,10 @@ def library_failure(zeltcfg, sample, work):
 
 
 def main():
-    zeltcfg, examples, work = sys.argv[1], pathlib.Path(sys.argv[2]), pathlib.Path(sys.argv[3])
+    examples, work, zeltcfg = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]), sys.argv[3:]
     shutil.rmtree(work, ignore_errors=True)
     work.mkdir(parents=True)
-    schema = json.loads(subprocess.run([zeltcfg, "schema"], check=True, capture_output=True,
+    schema = json.loads(subprocess.run([*zeltcfg, "schema"], check=True, capture_output=True,
                                        text=True).stdout)
     jsonschema.Draft202012Validator.check_schema(schema)
     validator = jsonschema.Draft202012Validator(schema)

@@ -1,0 +1,93 @@
+#include "AtomicFileReplacement.h"
+
+#include "Failure.h"
+#include "InputReading.h"
+#include "SystemError.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+
+namespace zeltcfg {
+
+namespace {
+
+std::string FolderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos) return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+}  // namespace
+
+TemporaryFile::TemporaryFile(const std::string& folder, const std::string& stem) {
+    path_ = folder + "/." + stem + ".zeltcfg-XXXXXX";
+    file_ = mkostemp(path_.data(), O_CLOEXEC);
+    open_ = file_ >= 0;
+    if (!open_)
+        throw Failure(kExitInputOutput, "cannot create a temporary file in " + folder + ": " +
+                                            ErrorText(errno) + "; the folder must be writable");
+}
+
+TemporaryFile::~TemporaryFile() {
+    if (open_) close(file_);
+    if (!renamed_) unlink(path_.c_str());
+}
+
+std::string TemporaryFile::ReadWritten(const std::string& name) { return ReadAll(file_, name); }
+
+std::string TemporaryFolder() {
+    const char* folder = std::getenv("TMPDIR");
+    return folder != nullptr && *folder != '\0' ? folder : "/tmp";
+}
+
+struct FileReplacement::Original {
+    std::string target;
+    struct stat status {};
+};
+
+FileReplacement::FileReplacement(const std::string& argument, const std::string& name)
+    : name_(name), original_(std::make_unique<Original>()) {
+    char resolved[PATH_MAX];
+    if (realpath(argument.c_str(), resolved) == nullptr)
+        throw Failure(kExitInputOutput, name + ": " + ErrorText(errno) + "; the file is unchanged");
+    original_->target = resolved;
+    const std::string& target = original_->target;
+    if (stat(target.c_str(), &original_->status) != 0)
+        throw Failure(kExitInputOutput, name + ": " + ErrorText(errno) + "; the file is unchanged");
+    const std::string folder = FolderOf(target);
+    file_ = std::make_unique<TemporaryFile>(folder,
+                                            target.substr(folder.size() + (folder == "/" ? 0 : 1)));
+}
+
+FileReplacement::~FileReplacement() = default;
+
+void FileReplacement::Commit() {
+    const auto fail = [this](const char* step) {
+        throw Failure(kExitInputOutput,
+                      name_ + ": " + step + ": " + ErrorText(errno) + "; the file is unchanged");
+    };
+    const int descriptor = file_->file_;
+    const struct stat& original = original_->status;
+    if (fchmod(descriptor, original.st_mode & 07777) != 0) fail("cannot keep permissions");
+    // Keeping the owner needs privileges that an ordinary user lacks; the
+    // file then belongs to that user, as any new file would.
+    if (fchown(descriptor, original.st_uid, original.st_gid) != 0 && errno != EPERM)
+        fail("cannot keep the owner");
+    if (fsync(descriptor) != 0) fail("cannot flush the new text to disk");
+    if (rename(file_->path_.c_str(), original_->target.c_str()) != 0)
+        fail("cannot replace the file");
+    file_->renamed_ = true;
+    const int directory =
+        open(FolderOf(original_->target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (directory >= 0) {
+        fsync(directory);
+        close(directory);
+    }
+}
+
+}  // namespace zeltcfg
