@@ -7,10 +7,6 @@
 namespace VextorJSConfig {
 
 namespace {
-// Type codes of AddElement that give back the parent itself for an attribute.
-constexpr int kStringAttributeCode = 3;
-constexpr int kDWORDAttributeCode = 4;
-constexpr int kObjectCode = 0;
 constexpr int kFirstBufferLength = 1024;
 
 // The text up to its terminator, never past the buffer's end.
@@ -49,18 +45,18 @@ JSONNode* CreateElementNode(IJSONManager* mgr, JSONNode* parent, const wchar_t* 
         DeliverMessage(Message::WriteNoManager());
         return nullptr;
     }
-    JSONNode* node = mgr->AddElement(parent, element, kObjectCode);
+    JSONNode* node = mgr->AddElement(parent, element, ZELT_ADD_OBJECT);
     if (node == nullptr) DeliverMessage(Message::ElementNodeMissing(element));
     return node;
 }
 
 bool MemberWriter::WriteDWORD(const wchar_t* key, DWORD value) {
-    JSONNode* target = mgr_->AddElement(node_, key, kDWORDAttributeCode);
+    JSONNode* target = mgr_->AddElement(node_, key, ZELT_ADD_PARENT_FOR_DWORD);
     return mgr_->SetDWORDAttribute(target, key, value) == ZELT_SUCCESS;
 }
 
 bool MemberWriter::WriteString(const wchar_t* key, const std::wstring& value) {
-    JSONNode* target = mgr_->AddElement(node_, key, kStringAttributeCode);
+    JSONNode* target = mgr_->AddElement(node_, key, ZELT_ADD_PARENT_FOR_STRING);
     return mgr_->SetStringAttribute(target, key, value.c_str()) == ZELT_SUCCESS;
 }
 

@@ -10,8 +10,6 @@ namespace VextorJSConfig {
 
 namespace {
 constexpr const wchar_t* kStringValueKey = L"StringValue";
-// Type code of AddElement that creates an array member.
-constexpr int kArrayCode = 1;
 }  // namespace
 
 // Entry ---------------------------------------------------------------------
@@ -81,7 +79,7 @@ int StringList<Interface, EntryInterface, Entry, Names>::WriteToJSONMgr(IJSONMan
     if (parent == nullptr) return ReportFailure(Message::ElementNodeMissing(Names::kList));
     if (entries_.empty()) return ZELT_SUCCESS;
 
-    JSONNode* array = mgr->AddElement(parent, Names::kList, kArrayCode);
+    JSONNode* array = mgr->AddElement(parent, Names::kList, ZELT_ADD_ARRAY);
     if (array == nullptr) return ReportFailure(Message::ElementNodeMissing(Names::kList));
     // Each entry receives its 1-based position as the flag.
     int position = 1;

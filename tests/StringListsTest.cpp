@@ -211,7 +211,7 @@ TYPED_TEST(StringListsTest, EntryWrittenUnderAnObjectBecomesTheMemberStringValue
 TYPED_TEST(StringListsTest, EntryWrittenUnderAnArrayBecomesABareItem) {
     auto entry = this->NewEntry(L"value-1");
     ManagerPtr mgr = ManagerWithEmptyDocument();
-    JSONNode* array = mgr->AddElement(nullptr, L"items", 1);
+    JSONNode* array = mgr->AddElement(nullptr, L"items", ZELT_ADD_ARRAY);
     EXPECT_EQ(entry->WriteToJSONMgr(mgr.get(), array, 7), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*mgr), "{ \"items\": [ \"value-1\" ] }");
 }

@@ -11,6 +11,21 @@
 #include <zelt/Export.h>
 #include <zelt/Types.h>
 
+/// AddElement type code: adds a new empty object under the parent (appended
+/// to an array parent, replacing a member of the same name in an object).
+inline constexpr int ZELT_ADD_OBJECT = 0;
+/// AddElement type code: adds a new empty array as a member of the parent,
+/// which must be an object.
+inline constexpr int ZELT_ADD_ARRAY = 1;
+/// AddElement type code: the same as ZELT_ADD_ARRAY.
+inline constexpr int ZELT_ADD_ARRAY_ALTERNATIVE = 2;
+/// AddElement type code: creates nothing and gives back the parent itself;
+/// the elements pass it before setting a string attribute on the parent.
+inline constexpr int ZELT_ADD_PARENT_FOR_STRING = 3;
+/// AddElement type code: creates nothing and gives back the parent itself;
+/// the elements pass it before setting a DWORD attribute on the parent.
+inline constexpr int ZELT_ADD_PARENT_FOR_DWORD = 4;
+
 // The virtual slot order of this interface is part of the binary contract.
 class IJSONManager {
 public:
@@ -25,6 +40,7 @@ public:
     virtual JSONNode* GetRootElement() = 0;
 
     // Elements and attributes.
+    // type is one of the ZELT_ADD_ codes above; any other is refused (null).
     virtual JSONNode* AddElement(JSONNode* parent, const wchar_t* name, int type) = 0;
     virtual JSONNode* GetElement(JSONNode* parent, const wchar_t* name) = 0;
     virtual JSONNode* GetArrayElement(JSONNode* array, const wchar_t* name, int index) = 0;
