@@ -2,7 +2,7 @@
 #ifndef ZELT_CONFIG_ADVANCEDRULE_H
 #define ZELT_CONFIG_ADVANCEDRULE_H
 
-#include "config/ElementMembers.h"
+#include "config/ElementBase.h"
 #include "config/EnforceList.h"
 #include "config/WhiteList.h"
 
@@ -10,22 +10,18 @@
 
 namespace VextorJSConfig {
 
-class CAdvancedRule final : public IAdvancedRule {
+class CAdvancedRule final : public ElementBase<CAdvancedRule, IAdvancedRule> {
 public:
-    CAdvancedRule() = default;
-    ~CAdvancedRule() override;
-    CAdvancedRule(const CAdvancedRule&) = delete;
-    CAdvancedRule& operator=(const CAdvancedRule&) = delete;
+    static constexpr const wchar_t* kName = L"AdvancedRule";
+    ~CAdvancedRule() override { CAdvancedRule::Clear(); }
+    static auto Members();
 
-    int WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int flag) override;
-    int ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) override;
-    void Clear() override;
-    IAdvancedRule& CopyFrom(const IAdvancedRule& other) override;
-
-    int GetEnforceList(IEnforceList** out) override;
-    void SetEnforceList(const IEnforceList* value) override;
-    int GetWhiteList(IWhiteList** out) override;
-    void SetWhiteList(const IWhiteList* value) override;
+    int GetEnforceList(IEnforceList** out) override { return GetOptionalChild(enforceList_, out); }
+    void SetEnforceList(const IEnforceList* value) override {
+        SetOptionalChild(enforceList_, value);
+    }
+    int GetWhiteList(IWhiteList** out) override { return GetOptionalChild(whiteList_, out); }
+    void SetWhiteList(const IWhiteList* value) override { SetOptionalChild(whiteList_, value); }
     int GetEnforceProxyServer(DWORD* out) const override;
     void SetEnforceProxyServer(const DWORD* value) override;
     int GetBypassPrivateIP(DWORD* out) const override;
@@ -34,18 +30,14 @@ public:
     void SetBypassLocalIP(const DWORD* value) override;
 
 private:
-    template <class Steps>
-    bool VisitMembers(Steps& steps);
-
-    // In write order. A child may keep content while its flag is 0.
-    CEnforceList enforceList_;
-    DWORD enforceListPresent_ = 0;
-    CWhiteList whiteList_;
-    DWORD whiteListPresent_ = 0;
+    OptionalChild<CEnforceList> enforceList_;
+    OptionalChild<CWhiteList> whiteList_;
     OptionalDWORD enforceProxyServer_;
     OptionalDWORD bypassPrivateIP_;
     OptionalDWORD bypassLocalIP_;
 };
+
+extern template class ElementBase<CAdvancedRule, IAdvancedRule>;
 
 }  // namespace VextorJSConfig
 

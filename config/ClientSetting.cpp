@@ -1,82 +1,40 @@
 #include "config/ClientSetting.h"
 
-#include "config/MemberIO.h"
-
 namespace VextorJSConfig {
 
 namespace {
-constexpr const wchar_t* kElementName = L"ClientSetting";
-constexpr const wchar_t* kCommunicationName = L"Communication";
-constexpr const wchar_t* kHTTPSName = L"HTTPS";
+constexpr const wchar_t* kContentUpload = L"ContentUpload";
+constexpr const wchar_t* kFailOpen = L"FailOpen";
+constexpr const wchar_t* kLogUpload = L"LogUpload";
+constexpr const wchar_t* kURLLocalCache = L"URLLocalCache";
+constexpr const wchar_t* kSafeMode = L"SafeMode";
+constexpr const wchar_t* kStatsPeriod = L"StatsPeriod";
 }  // namespace
 
-// The members in write order, which is also the read order: the writer and
-// the reader take the same steps.
-template <class Steps>
-bool CClientSetting::VisitMembers(Steps& steps) {
-    return steps.RequiredChild(kCommunicationName, communication_) &&
-           steps.RequiredChild(kHTTPSName, https_) &&
-           steps.RequiredDWORD(L"ContentUpload", contentUpload_) &&
-           steps.OptionalDWORD(L"FailOpen", failOpen_) &&
-           steps.RequiredDWORD(L"LogUpload", logUpload_) &&
-           steps.RequiredDWORD(L"URLLocalCache", urlLocalCache_) &&
-           steps.OptionalDWORD(L"SafeMode", safeMode_) &&
-           steps.OptionalDWORD(L"StatsPeriod", statsPeriod_);
+// In write order, which is also the read order: the children first.
+auto CClientSetting::Members() {
+    return std::make_tuple(KeyedMember(CCommunication::kName, &CClientSetting::communication_),
+                           KeyedMember(CHTTPS::kName, &CClientSetting::https_),
+                           KeyedMember(kContentUpload, &CClientSetting::contentUpload_),
+                           KeyedMember(kFailOpen, &CClientSetting::failOpen_),
+                           KeyedMember(kLogUpload, &CClientSetting::logUpload_),
+                           KeyedMember(kURLLocalCache, &CClientSetting::urlLocalCache_),
+                           KeyedMember(kSafeMode, &CClientSetting::safeMode_),
+                           KeyedMember(kStatsPeriod, &CClientSetting::statsPeriod_));
 }
 
-CClientSetting::~CClientSetting() { CClientSetting::Clear(); }
-
-int CClientSetting::WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int /*flag*/) {
-    JSONNode* node = CreateElementNode(mgr, parent, kElementName);
-    if (node == nullptr) return ZELT_FAILED;
-    MemberWriter write(mgr, node, kElementName);
-    return VisitMembers(write) ? ZELT_SUCCESS : ZELT_FAILED;
-}
-
-int CClientSetting::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
-    if (mgr == nullptr) return ReportFailure(Message::ReadNoManager());
-    Clear();
-    MemberReader read(mgr, node, kElementName);
-    return FinishRead(*this, VisitMembers(read));
-}
-
-void CClientSetting::Clear() {
-    ElementType = ELEMENT_TYPE_ORDINARY;
-    communication_.Clear();
-    https_.Clear();
-    contentUpload_ = 0;
-    failOpen_.Clear();
-    logUpload_ = 0;
-    urlLocalCache_ = 0;
-    safeMode_.Clear();
-    statsPeriod_.Clear();
-}
-
-IClientSetting& CClientSetting::CopyFrom(const IClientSetting& other) {
-    if (&other == this) return *this;
-    const auto& source = static_cast<const CClientSetting&>(other);
-    Clear();
-    communication_.CopyFrom(source.communication_);
-    https_.CopyFrom(source.https_);
-    contentUpload_ = source.contentUpload_;
-    failOpen_ = source.failOpen_;
-    logUpload_ = source.logUpload_;
-    urlLocalCache_ = source.urlLocalCache_;
-    safeMode_ = source.safeMode_;
-    statsPeriod_ = source.statsPeriod_;
-    return *this;
-}
+template class ElementBase<CClientSetting, IClientSetting>;
 
 int CClientSetting::SetCommunication(const ICommunication* value) {
-    return SetRequiredChild(communication_, value, kCommunicationName);
+    return SetRequiredChild(communication_, value, CCommunication::kName);
 }
 
 int CClientSetting::SetHTTPS(const IHTTPS* value) {
-    return SetRequiredChild(https_, value, kHTTPSName);
+    return SetRequiredChild(https_, value, CHTTPS::kName);
 }
 
 int CClientSetting::SetContentUpload(const DWORD* value) {
-    return SetRequiredDWORD(contentUpload_, value, kElementName, L"ContentUpload");
+    return SetRequiredDWORD(contentUpload_, value, kName, kContentUpload);
 }
 
 int CClientSetting::GetFailOpen(DWORD* out) const { return GetOptionalDWORD(failOpen_, out); }
@@ -84,11 +42,11 @@ int CClientSetting::GetFailOpen(DWORD* out) const { return GetOptionalDWORD(fail
 void CClientSetting::SetFailOpen(const DWORD* value) { SetOptionalDWORD(failOpen_, value); }
 
 int CClientSetting::SetLogUpload(const DWORD* value) {
-    return SetRequiredDWORD(logUpload_, value, kElementName, L"LogUpload");
+    return SetRequiredDWORD(logUpload_, value, kName, kLogUpload);
 }
 
 int CClientSetting::SetURLLocalCache(const DWORD* value) {
-    return SetRequiredDWORD(urlLocalCache_, value, kElementName, L"URLLocalCache");
+    return SetRequiredDWORD(urlLocalCache_, value, kName, kURLLocalCache);
 }
 
 int CClientSetting::GetSafeMode(DWORD* out) const { return GetOptionalDWORD(safeMode_, out); }

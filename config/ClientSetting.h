@@ -3,24 +3,18 @@
 #define ZELT_CONFIG_CLIENTSETTING_H
 
 #include "config/Communication.h"
-#include "config/ElementMembers.h"
+#include "config/ElementBase.h"
 #include "config/HTTPS.h"
 
 #include <zelt/ClientSetting.h>
 
 namespace VextorJSConfig {
 
-class CClientSetting final : public IClientSetting {
+class CClientSetting final : public ElementBase<CClientSetting, IClientSetting> {
 public:
-    CClientSetting() = default;
-    ~CClientSetting() override;
-    CClientSetting(const CClientSetting&) = delete;
-    CClientSetting& operator=(const CClientSetting&) = delete;
-
-    int WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int flag) override;
-    int ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) override;
-    void Clear() override;
-    IClientSetting& CopyFrom(const IClientSetting& other) override;
+    static constexpr const wchar_t* kName = L"ClientSetting";
+    ~CClientSetting() override { CClientSetting::Clear(); }
+    static auto Members();
 
     ICommunication* GetCommunication() override { return &communication_; }
     int SetCommunication(const ICommunication* value) override;
@@ -40,10 +34,6 @@ public:
     void SetStatsPeriod(const DWORD* value) override;
 
 private:
-    template <class Steps>
-    bool VisitMembers(Steps& steps);
-
-    // In write order: the children first.
     CCommunication communication_;
     CHTTPS https_;
     DWORD contentUpload_ = 0;
@@ -53,6 +43,8 @@ private:
     OptionalDWORD safeMode_;
     OptionalDWORD statsPeriod_;
 };
+
+extern template class ElementBase<CClientSetting, IClientSetting>;
 
 }  // namespace VextorJSConfig
 

@@ -1,12 +1,8 @@
 #include "config/Communication.h"
 
-#include "config/ElementMessages.h"
-#include "config/MemberIO.h"
-
 namespace VextorJSConfig {
 
 namespace {
-constexpr const wchar_t* kElementName = L"Communication";
 // "AutoUpgradeQueryInterval" and "AutoupgradeURI" differ in case on purpose:
 // the document format spells them so.
 constexpr const wchar_t* kAutoUpgradeQueryInterval = L"AutoUpgradeQueryInterval";
@@ -19,62 +15,20 @@ constexpr const wchar_t* kManagementQueryInterval = L"ManagementQueryInterval";
 constexpr const wchar_t* kEnablePII = L"EnablePII";
 }  // namespace
 
-// The members in write order, which is also the read order: the writer and
-// the reader take the same steps.
-template <class Steps>
-bool CCommunication::VisitMembers(Steps& steps) {
-    return steps.OptionalDWORD(kAutoUpgradeQueryInterval, autoUpgradeQueryInterval_) &&
-           steps.RequiredString(kDispServerHostname, dispServerHostname_) &&
-           steps.OptionalString(kLogServerHostname, logServerHostname_) &&
-           steps.OptionalString(kEventLogUploadURL, eventLogUploadURL_) &&
-           steps.OptionalString(kAutoupgradeURI, autoupgradeURI_) &&
-           steps.RequiredDWORD(kLogUploadInterval, logUploadInterval_) &&
-           steps.RequiredDWORD(kManagementQueryInterval, managementQueryInterval_) &&
-           steps.OptionalDWORD(kEnablePII, enablePII_);
+// In write order, which is also the read order.
+auto CCommunication::Members() {
+    return std::make_tuple(
+        KeyedMember(kAutoUpgradeQueryInterval, &CCommunication::autoUpgradeQueryInterval_),
+        KeyedMember(kDispServerHostname, &CCommunication::dispServerHostname_),
+        KeyedMember(kLogServerHostname, &CCommunication::logServerHostname_),
+        KeyedMember(kEventLogUploadURL, &CCommunication::eventLogUploadURL_),
+        KeyedMember(kAutoupgradeURI, &CCommunication::autoupgradeURI_),
+        KeyedMember(kLogUploadInterval, &CCommunication::logUploadInterval_),
+        KeyedMember(kManagementQueryInterval, &CCommunication::managementQueryInterval_),
+        KeyedMember(kEnablePII, &CCommunication::enablePII_));
 }
 
-CCommunication::~CCommunication() { CCommunication::Clear(); }
-
-int CCommunication::WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int /*flag*/) {
-    JSONNode* node = CreateElementNode(mgr, parent, kElementName);
-    if (node == nullptr) return ZELT_FAILED;
-    MemberWriter write(mgr, node, kElementName);
-    return VisitMembers(write) ? ZELT_SUCCESS : ZELT_FAILED;
-}
-
-int CCommunication::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
-    if (mgr == nullptr) return ReportFailure(Message::ReadNoManager());
-    Clear();
-    MemberReader read(mgr, node, kElementName);
-    return FinishRead(*this, VisitMembers(read));
-}
-
-void CCommunication::Clear() {
-    ElementType = ELEMENT_TYPE_ORDINARY;
-    autoUpgradeQueryInterval_.Clear();
-    dispServerHostname_.clear();
-    logServerHostname_.Clear();
-    eventLogUploadURL_.Clear();
-    autoupgradeURI_.Clear();
-    logUploadInterval_ = 0;
-    managementQueryInterval_ = 0;
-    enablePII_.Clear();
-}
-
-ICommunication& CCommunication::CopyFrom(const ICommunication& other) {
-    if (&other == this) return *this;
-    Clear();
-    const auto& source = static_cast<const CCommunication&>(other);
-    autoUpgradeQueryInterval_ = source.autoUpgradeQueryInterval_;
-    dispServerHostname_ = source.dispServerHostname_;
-    logServerHostname_ = source.logServerHostname_;
-    eventLogUploadURL_ = source.eventLogUploadURL_;
-    autoupgradeURI_ = source.autoupgradeURI_;
-    logUploadInterval_ = source.logUploadInterval_;
-    managementQueryInterval_ = source.managementQueryInterval_;
-    enablePII_ = source.enablePII_;
-    return *this;
-}
+template class ElementBase<CCommunication, ICommunication>;
 
 int CCommunication::GetAutoUpgradeQueryInterval(DWORD* out) const {
     return GetOptionalDWORD(autoUpgradeQueryInterval_, out);
@@ -85,7 +39,7 @@ void CCommunication::SetAutoUpgradeQueryInterval(const DWORD* value) {
 
 const std::wstring* CCommunication::GetDispServerHostname() const { return &dispServerHostname_; }
 int CCommunication::SetDispServerHostname(const std::wstring* value) {
-    return SetRequiredString(dispServerHostname_, value, kElementName, kDispServerHostname);
+    return SetRequiredString(dispServerHostname_, value, kName, kDispServerHostname);
 }
 
 int CCommunication::GetLogServerHostname(std::wstring* out) const {
@@ -111,13 +65,12 @@ void CCommunication::SetAutoupgradeURI(const std::wstring* value) {
 
 DWORD CCommunication::GetLogUploadInterval() const { return logUploadInterval_; }
 int CCommunication::SetLogUploadInterval(const DWORD* value) {
-    return SetRequiredDWORD(logUploadInterval_, value, kElementName, kLogUploadInterval);
+    return SetRequiredDWORD(logUploadInterval_, value, kName, kLogUploadInterval);
 }
 
 DWORD CCommunication::GetManagementQueryInterval() const { return managementQueryInterval_; }
 int CCommunication::SetManagementQueryInterval(const DWORD* value) {
-    return SetRequiredDWORD(managementQueryInterval_, value, kElementName,
-                            kManagementQueryInterval);
+    return SetRequiredDWORD(managementQueryInterval_, value, kName, kManagementQueryInterval);
 }
 
 int CCommunication::GetEnablePII(DWORD* out) const { return GetOptionalDWORD(enablePII_, out); }

@@ -2,7 +2,7 @@
 #ifndef ZELT_CONFIG_COMMUNICATION_H
 #define ZELT_CONFIG_COMMUNICATION_H
 
-#include "config/ElementMembers.h"
+#include "config/ElementBase.h"
 
 #include <zelt/Communication.h>
 #include <zelt/JSONManager.h>
@@ -12,15 +12,11 @@
 
 namespace VextorJSConfig {
 
-class CCommunication final : public ICommunication {
+class CCommunication final : public ElementBase<CCommunication, ICommunication> {
 public:
-    CCommunication() = default;
-    ~CCommunication() override;
-
-    int WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int flag) override;
-    int ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) override;
-    void Clear() override;
-    ICommunication& CopyFrom(const ICommunication& other) override;
+    static constexpr const wchar_t* kName = L"Communication";
+    ~CCommunication() override { CCommunication::Clear(); }
+    static auto Members();
 
     int GetAutoUpgradeQueryInterval(DWORD* out) const override;
     void SetAutoUpgradeQueryInterval(const DWORD* value) override;
@@ -40,10 +36,6 @@ public:
     void SetEnablePII(const DWORD* value) override;
 
 private:
-    template <class Steps>
-    bool VisitMembers(Steps& steps);
-
-    // In the order of writing and reading.
     OptionalDWORD autoUpgradeQueryInterval_;
     std::wstring dispServerHostname_;
     OptionalString logServerHostname_;
@@ -53,6 +45,8 @@ private:
     DWORD managementQueryInterval_ = 0;
     OptionalDWORD enablePII_;
 };
+
+extern template class ElementBase<CCommunication, ICommunication>;
 
 }  // namespace VextorJSConfig
 

@@ -3,27 +3,28 @@
 #ifndef ZELT_CONFIG_CONTENTUPLOADCHANNEL_H
 #define ZELT_CONFIG_CONTENTUPLOADCHANNEL_H
 
-#include "config/ElementMembers.h"
+#include "config/ElementBase.h"
 #include "config/StringLists.h"
 
 #include <zelt/ContentUploadChannel.h>
 
+#include <string>
+
 namespace VextorJSConfig {
 
-class CContentUploadChannel final : public IContentUploadChannel {
+class CContentUploadChannel final
+    : public ElementBase<CContentUploadChannel, IContentUploadChannel> {
 public:
-    CContentUploadChannel() = default;
-    ~CContentUploadChannel() override;
-    CContentUploadChannel(const CContentUploadChannel&) = delete;
-    CContentUploadChannel& operator=(const CContentUploadChannel&) = delete;
+    static constexpr const wchar_t* kName = L"ContentUploadChannel";
+    ~CContentUploadChannel() override { CContentUploadChannel::Clear(); }
+    static auto Members();
 
-    int WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int flag) override;
-    int ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) override;
-    void Clear() override;
-    IContentUploadChannel& CopyFrom(const IContentUploadChannel& other) override;
-
-    int GetClientRequestHeaders(IClientRequestHeaders** out) override;
-    void SetClientRequestHeaders(const IClientRequestHeaders* value) override;
+    int GetClientRequestHeaders(IClientRequestHeaders** out) override {
+        return GetOptionalChild(clientRequestHeaders_, out);
+    }
+    void SetClientRequestHeaders(const IClientRequestHeaders* value) override {
+        SetOptionalChild(clientRequestHeaders_, value);
+    }
     DWORD GetMaxFileSizeForScan() const override { return maxFileSizeForScan_; }
     int SetMaxFileSizeForScan(const DWORD* value) override;
     int GetFileTypesToBlock(std::wstring* out) const override;
@@ -32,16 +33,13 @@ public:
     void SetFileTypesToScan(const std::wstring* value) override;
 
 private:
-    template <class Steps>
-    bool VisitMembers(Steps& steps);
-
-    // In write order. The list may keep entries while its flag is 0.
-    CClientRequestHeaders clientRequestHeaders_;
-    DWORD clientRequestHeadersPresent_ = 0;
+    OptionalChild<CClientRequestHeaders> clientRequestHeaders_;
     DWORD maxFileSizeForScan_ = 0;
     OptionalString fileTypesToBlock_;
     OptionalString fileTypesToScan_;
 };
+
+extern template class ElementBase<CContentUploadChannel, IContentUploadChannel>;
 
 }  // namespace VextorJSConfig
 

@@ -1,71 +1,36 @@
 #include "config/HTTPS.h"
 
-#include "config/MemberIO.h"
-
 namespace VextorJSConfig {
 
 namespace {
-constexpr const wchar_t* kElementName = L"HTTPS";
+constexpr const wchar_t* kInspectHostnameOnly = L"InspectHostnameOnly";
+constexpr const wchar_t* kSSLFilter = L"SSLFilter";
+constexpr const wchar_t* kUpstreamVerification = L"UpstreamVerification";
+constexpr const wchar_t* kWhiteList = L"WhiteList";
+constexpr const wchar_t* kWhiteListWithPorts = L"WhiteListWithPorts";
 }  // namespace
 
-// The members in write order, which is also the read order: the writer and
-// the reader take the same steps.
-template <class Steps>
-bool CHTTPS::VisitMembers(Steps& steps) {
-    return steps.RequiredDWORD(L"InspectHostnameOnly", inspectHostnameOnly_) &&
-           steps.RequiredDWORD(L"SSLFilter", sslFilter_) &&
-           steps.RequiredDWORD(L"UpstreamVerification", upstreamVerification_) &&
-           steps.OptionalString(L"WhiteList", whiteList_) &&
-           steps.OptionalString(L"WhiteListWithPorts", whiteListWithPorts_);
+// In write order, which is also the read order.
+auto CHTTPS::Members() {
+    return std::make_tuple(KeyedMember(kInspectHostnameOnly, &CHTTPS::inspectHostnameOnly_),
+                           KeyedMember(kSSLFilter, &CHTTPS::sslFilter_),
+                           KeyedMember(kUpstreamVerification, &CHTTPS::upstreamVerification_),
+                           KeyedMember(kWhiteList, &CHTTPS::whiteList_),
+                           KeyedMember(kWhiteListWithPorts, &CHTTPS::whiteListWithPorts_));
 }
 
-CHTTPS::~CHTTPS() { CHTTPS::Clear(); }
-
-int CHTTPS::WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int /*flag*/) {
-    JSONNode* node = CreateElementNode(mgr, parent, kElementName);
-    if (node == nullptr) return ZELT_FAILED;
-    MemberWriter write(mgr, node, kElementName);
-    return VisitMembers(write) ? ZELT_SUCCESS : ZELT_FAILED;
-}
-
-int CHTTPS::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
-    if (mgr == nullptr) return ReportFailure(Message::ReadNoManager());
-    Clear();
-    MemberReader read(mgr, node, kElementName);
-    return FinishRead(*this, VisitMembers(read));
-}
-
-void CHTTPS::Clear() {
-    ElementType = ELEMENT_TYPE_ORDINARY;
-    inspectHostnameOnly_ = 0;
-    sslFilter_ = 0;
-    upstreamVerification_ = 0;
-    whiteList_.Clear();
-    whiteListWithPorts_.Clear();
-}
-
-IHTTPS& CHTTPS::CopyFrom(const IHTTPS& other) {
-    if (&other == this) return *this;
-    const auto& source = static_cast<const CHTTPS&>(other);
-    Clear();
-    inspectHostnameOnly_ = source.inspectHostnameOnly_;
-    sslFilter_ = source.sslFilter_;
-    upstreamVerification_ = source.upstreamVerification_;
-    whiteList_ = source.whiteList_;
-    whiteListWithPorts_ = source.whiteListWithPorts_;
-    return *this;
-}
+template class ElementBase<CHTTPS, IHTTPS>;
 
 int CHTTPS::SetInspectHostnameOnly(const DWORD* value) {
-    return SetRequiredDWORD(inspectHostnameOnly_, value, kElementName, L"InspectHostnameOnly");
+    return SetRequiredDWORD(inspectHostnameOnly_, value, kName, kInspectHostnameOnly);
 }
 
 int CHTTPS::SetSSLFilter(const DWORD* value) {
-    return SetRequiredDWORD(sslFilter_, value, kElementName, L"SSLFilter");
+    return SetRequiredDWORD(sslFilter_, value, kName, kSSLFilter);
 }
 
 int CHTTPS::SetUpstreamVerification(const DWORD* value) {
-    return SetRequiredDWORD(upstreamVerification_, value, kElementName, L"UpstreamVerification");
+    return SetRequiredDWORD(upstreamVerification_, value, kName, kUpstreamVerification);
 }
 
 int CHTTPS::GetWhiteList(std::wstring* out) const { return GetOptionalString(whiteList_, out); }

@@ -2,23 +2,19 @@
 #ifndef ZELT_CONFIG_HTTPS_H
 #define ZELT_CONFIG_HTTPS_H
 
-#include "config/ElementMembers.h"
+#include "config/ElementBase.h"
 
 #include <zelt/HTTPS.h>
 
+#include <string>
+
 namespace VextorJSConfig {
 
-class CHTTPS final : public IHTTPS {
+class CHTTPS final : public ElementBase<CHTTPS, IHTTPS> {
 public:
-    CHTTPS() = default;
-    ~CHTTPS() override;
-    CHTTPS(const CHTTPS&) = delete;
-    CHTTPS& operator=(const CHTTPS&) = delete;
-
-    int WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int flag) override;
-    int ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) override;
-    void Clear() override;
-    IHTTPS& CopyFrom(const IHTTPS& other) override;
+    static constexpr const wchar_t* kName = L"HTTPS";
+    ~CHTTPS() override { CHTTPS::Clear(); }
+    static auto Members();
 
     DWORD GetInspectHostnameOnly() const override { return inspectHostnameOnly_; }
     int SetInspectHostnameOnly(const DWORD* value) override;
@@ -32,16 +28,14 @@ public:
     void SetWhiteListWithPorts(const std::wstring* value) override;
 
 private:
-    template <class Steps>
-    bool VisitMembers(Steps& steps);
-
-    // In write order.
     DWORD inspectHostnameOnly_ = 0;
     DWORD sslFilter_ = 0;
     DWORD upstreamVerification_ = 0;
     OptionalString whiteList_;
     OptionalString whiteListWithPorts_;
 };
+
+extern template class ElementBase<CHTTPS, IHTTPS>;
 
 }  // namespace VextorJSConfig
 

@@ -61,6 +61,9 @@ private:
 template <class Interface, class EntryInterface, class Entry, class Names>
 class StringList : public Interface {
 public:
+    // The list's key in its parent element.
+    static constexpr const wchar_t* kName = Names::kList;
+
     StringList() = default;
     ~StringList() override;
 

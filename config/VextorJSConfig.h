@@ -5,7 +5,7 @@
 #include "config/AdvancedRule.h"
 #include "config/ClientSetting.h"
 #include "config/ContentUploadChannel.h"
-#include "config/ElementMembers.h"
+#include "config/ElementBase.h"
 
 #include <zelt/VextorJSConfig.h>
 
@@ -13,20 +13,16 @@
 
 namespace VextorJSConfig {
 
-class CVextorJSConfig final : public IVextorJSConfig {
+class CVextorJSConfig final : public ElementBase<CVextorJSConfig, IVextorJSConfig> {
 public:
-    CVextorJSConfig() = default;
-    ~CVextorJSConfig() override;
-    CVextorJSConfig(const CVextorJSConfig&) = delete;
-    CVextorJSConfig& operator=(const CVextorJSConfig&) = delete;
+    static constexpr const wchar_t* kName = L"VextorJSConfig";
+    ~CVextorJSConfig() override { CVextorJSConfig::Clear(); }
+    static auto Members();
 
     // Unlike the other elements, the root starts a new document in mgr and
-    // writes into its top-level object (parent and flag are not used), and
-    // reads from the top-level object that the caller passes.
-    int WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int flag) override;
-    int ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) override;
-    void Clear() override;
-    IVextorJSConfig& CopyFrom(const IVextorJSConfig& other) override;
+    // writes into its top-level object (parent is not used), and reads from
+    // the top-level object that the caller passes.
+    static JSONNode* CreateNode(IJSONManager* mgr, JSONNode* parent);
 
     IClientSetting* GetClientSetting() override { return &clientSetting_; }
     int SetClientSetting(const IClientSetting* value) override;
@@ -46,10 +42,6 @@ public:
     void ReservedSlot21(const DWORD* value) override;
 
 private:
-    template <class Steps>
-    bool VisitMembers(Steps& steps);
-
-    // In write order: the children first.
     CClientSetting clientSetting_;
     CAdvancedRule advancedRule_;
     CContentUploadChannel contentUploadChannel_;
@@ -58,6 +50,8 @@ private:
     std::wstring adminPassword_;
     OptionalDWORD enableTrayiconMenu_;
 };
+
+extern template class ElementBase<CVextorJSConfig, IVextorJSConfig>;
 
 }  // namespace VextorJSConfig
 

@@ -2,50 +2,40 @@
 #ifndef ZELT_CONFIG_WHITELIST_H
 #define ZELT_CONFIG_WHITELIST_H
 
-#include "config/ElementMembers.h"
+#include "config/ElementBase.h"
 #include "config/StringLists.h"
 
-#include <zelt/JSONManager.h>
-#include <zelt/Types.h>
 #include <zelt/WhiteList.h>
 
 #include <string>
 
 namespace VextorJSConfig {
 
-class CWhiteList final : public IWhiteList {
+class CWhiteList final : public ElementBase<CWhiteList, IWhiteList> {
 public:
-    CWhiteList() = default;
-    ~CWhiteList() override;
+    static constexpr const wchar_t* kName = L"WhiteList";
+    ~CWhiteList() override { CWhiteList::Clear(); }
+    static auto Members();
 
-    int WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int flag) override;
-    int ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) override;
-    void Clear() override;
-    IWhiteList& CopyFrom(const IWhiteList& other) override;
-
-    int GetIPList(IIPList** out) override;
-    void SetIPList(const IIPList* value) override;
-    int GetVPNDescList(IVPNDescList** out) override;
-    void SetVPNDescList(const IVPNDescList* value) override;
+    int GetIPList(IIPList** out) override { return GetOptionalChild(ipList_, out); }
+    void SetIPList(const IIPList* value) override { SetOptionalChild(ipList_, value); }
+    int GetVPNDescList(IVPNDescList** out) override { return GetOptionalChild(vpnDescList_, out); }
+    void SetVPNDescList(const IVPNDescList* value) override {
+        SetOptionalChild(vpnDescList_, value);
+    }
     int GetDomainLists(std::wstring* out) const override;
     void SetDomainLists(const std::wstring* value) override;
     int GetProcessNames(std::wstring* out) const override;
     void SetProcessNames(const std::wstring* value) override;
 
 private:
-    template <class Steps>
-    bool VisitMembers(Steps& steps);
-
-    // In the order of writing and reading: "DomainLists" before
-    // "ProcessNames", the reverse of EnforceList's order. A list whose flag
-    // is 0 may still hold entries.
-    CIPList ipList_;
-    DWORD ipListPresent_ = 0;
-    CVPNDescList vpnDescList_;
-    DWORD vpnDescListPresent_ = 0;
+    OptionalChild<CIPList> ipList_;
+    OptionalChild<CVPNDescList> vpnDescList_;
     OptionalString domainLists_;
     OptionalString processNames_;
 };
+
+extern template class ElementBase<CWhiteList, IWhiteList>;
 
 }  // namespace VextorJSConfig
 
