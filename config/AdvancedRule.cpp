@@ -2,19 +2,13 @@
 
 namespace VextorJSConfig {
 
-namespace {
-constexpr const wchar_t* kEnforceProxyServer = L"EnforceProxyServer";
-constexpr const wchar_t* kBypassPrivateIP = L"BypassPrivateIP";
-constexpr const wchar_t* kBypassLocalIP = L"BypassLocalIP";
-}  // namespace
-
 // In write order, which is also the read order.
-auto CAdvancedRule::Members() {
+constexpr auto CAdvancedRule::Members() {
     return std::make_tuple(KeyedMember(CEnforceList::kName, &CAdvancedRule::enforceList_),
                            KeyedMember(CWhiteList::kName, &CAdvancedRule::whiteList_),
-                           KeyedMember(kEnforceProxyServer, &CAdvancedRule::enforceProxyServer_),
-                           KeyedMember(kBypassPrivateIP, &CAdvancedRule::bypassPrivateIP_),
-                           KeyedMember(kBypassLocalIP, &CAdvancedRule::bypassLocalIP_));
+                           KeyedMember(L"EnforceProxyServer", &CAdvancedRule::enforceProxyServer_),
+                           KeyedMember(L"BypassPrivateIP", &CAdvancedRule::bypassPrivateIP_),
+                           KeyedMember(L"BypassLocalIP", &CAdvancedRule::bypassLocalIP_));
 }
 
 template class ElementBase<CAdvancedRule, IAdvancedRule>;

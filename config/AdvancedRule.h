@@ -12,10 +12,6 @@ namespace VextorJSConfig {
 
 class CAdvancedRule final : public ElementBase<CAdvancedRule, IAdvancedRule> {
 public:
-    static constexpr const wchar_t* kName = L"AdvancedRule";
-    ~CAdvancedRule() override { CAdvancedRule::Clear(); }
-    static auto Members();
-
     int GetEnforceList(IEnforceList** out) override { return GetOptionalChild(enforceList_, out); }
     void SetEnforceList(const IEnforceList* value) override {
         SetOptionalChild(enforceList_, value);
@@ -28,6 +24,11 @@ public:
     void SetBypassPrivateIP(const DWORD* value) override;
     int GetBypassLocalIP(DWORD* out) const override;
     void SetBypassLocalIP(const DWORD* value) override;
+
+    // The element's own key and its members (ElementBase.h).
+    static constexpr const wchar_t* kName = L"AdvancedRule";
+    static constexpr auto Members();
+    ~CAdvancedRule() override { CAdvancedRule::Clear(); }
 
 private:
     OptionalChild<CEnforceList> enforceList_;

@@ -2,39 +2,30 @@
 
 namespace VextorJSConfig {
 
-namespace {
-constexpr const wchar_t* kContentUpload = L"ContentUpload";
-constexpr const wchar_t* kFailOpen = L"FailOpen";
-constexpr const wchar_t* kLogUpload = L"LogUpload";
-constexpr const wchar_t* kURLLocalCache = L"URLLocalCache";
-constexpr const wchar_t* kSafeMode = L"SafeMode";
-constexpr const wchar_t* kStatsPeriod = L"StatsPeriod";
-}  // namespace
-
 // In write order, which is also the read order: the children first.
-auto CClientSetting::Members() {
+constexpr auto CClientSetting::Members() {
     return std::make_tuple(KeyedMember(CCommunication::kName, &CClientSetting::communication_),
                            KeyedMember(CHTTPS::kName, &CClientSetting::https_),
-                           KeyedMember(kContentUpload, &CClientSetting::contentUpload_),
-                           KeyedMember(kFailOpen, &CClientSetting::failOpen_),
-                           KeyedMember(kLogUpload, &CClientSetting::logUpload_),
-                           KeyedMember(kURLLocalCache, &CClientSetting::urlLocalCache_),
-                           KeyedMember(kSafeMode, &CClientSetting::safeMode_),
-                           KeyedMember(kStatsPeriod, &CClientSetting::statsPeriod_));
+                           KeyedMember(L"ContentUpload", &CClientSetting::contentUpload_),
+                           KeyedMember(L"FailOpen", &CClientSetting::failOpen_),
+                           KeyedMember(L"LogUpload", &CClientSetting::logUpload_),
+                           KeyedMember(L"URLLocalCache", &CClientSetting::urlLocalCache_),
+                           KeyedMember(L"SafeMode", &CClientSetting::safeMode_),
+                           KeyedMember(L"StatsPeriod", &CClientSetting::statsPeriod_));
 }
 
 template class ElementBase<CClientSetting, IClientSetting>;
 
 int CClientSetting::SetCommunication(const ICommunication* value) {
-    return SetRequiredChild(communication_, value, CCommunication::kName);
+    return SetRequired<&CClientSetting::communication_>(value);
 }
 
 int CClientSetting::SetHTTPS(const IHTTPS* value) {
-    return SetRequiredChild(https_, value, CHTTPS::kName);
+    return SetRequired<&CClientSetting::https_>(value);
 }
 
 int CClientSetting::SetContentUpload(const DWORD* value) {
-    return SetRequiredDWORD(contentUpload_, value, kName, kContentUpload);
+    return SetRequired<&CClientSetting::contentUpload_>(value);
 }
 
 int CClientSetting::GetFailOpen(DWORD* out) const { return GetOptionalDWORD(failOpen_, out); }
@@ -42,11 +33,11 @@ int CClientSetting::GetFailOpen(DWORD* out) const { return GetOptionalDWORD(fail
 void CClientSetting::SetFailOpen(const DWORD* value) { SetOptionalDWORD(failOpen_, value); }
 
 int CClientSetting::SetLogUpload(const DWORD* value) {
-    return SetRequiredDWORD(logUpload_, value, kName, kLogUpload);
+    return SetRequired<&CClientSetting::logUpload_>(value);
 }
 
 int CClientSetting::SetURLLocalCache(const DWORD* value) {
-    return SetRequiredDWORD(urlLocalCache_, value, kName, kURLLocalCache);
+    return SetRequired<&CClientSetting::urlLocalCache_>(value);
 }
 
 int CClientSetting::GetSafeMode(DWORD* out) const { return GetOptionalDWORD(safeMode_, out); }

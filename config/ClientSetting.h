@@ -12,10 +12,6 @@ namespace VextorJSConfig {
 
 class CClientSetting final : public ElementBase<CClientSetting, IClientSetting> {
 public:
-    static constexpr const wchar_t* kName = L"ClientSetting";
-    ~CClientSetting() override { CClientSetting::Clear(); }
-    static auto Members();
-
     ICommunication* GetCommunication() override { return &communication_; }
     int SetCommunication(const ICommunication* value) override;
     IHTTPS* GetHTTPS() override { return &https_; }
@@ -32,6 +28,11 @@ public:
     void SetSafeMode(const DWORD* value) override;
     int GetStatsPeriod(DWORD* out) const override;
     void SetStatsPeriod(const DWORD* value) override;
+
+    // The element's own key and its members (ElementBase.h).
+    static constexpr const wchar_t* kName = L"ClientSetting";
+    static constexpr auto Members();
+    ~CClientSetting() override { CClientSetting::Clear(); }
 
 private:
     CCommunication communication_;

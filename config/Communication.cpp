@@ -2,30 +2,19 @@
 
 namespace VextorJSConfig {
 
-namespace {
-// "AutoUpgradeQueryInterval" and "AutoupgradeURI" differ in case on purpose:
-// the document format spells them so.
-constexpr const wchar_t* kAutoUpgradeQueryInterval = L"AutoUpgradeQueryInterval";
-constexpr const wchar_t* kDispServerHostname = L"DispServerHostname";
-constexpr const wchar_t* kLogServerHostname = L"LogServerHostname";
-constexpr const wchar_t* kEventLogUploadURL = L"EventLogUploadURL";
-constexpr const wchar_t* kAutoupgradeURI = L"AutoupgradeURI";
-constexpr const wchar_t* kLogUploadInterval = L"LogUploadInterval";
-constexpr const wchar_t* kManagementQueryInterval = L"ManagementQueryInterval";
-constexpr const wchar_t* kEnablePII = L"EnablePII";
-}  // namespace
-
-// In write order, which is also the read order.
-auto CCommunication::Members() {
+// In write order, which is also the read order. "AutoUpgradeQueryInterval"
+// and "AutoupgradeURI" differ in case on purpose: the document format spells
+// them so.
+constexpr auto CCommunication::Members() {
     return std::make_tuple(
-        KeyedMember(kAutoUpgradeQueryInterval, &CCommunication::autoUpgradeQueryInterval_),
-        KeyedMember(kDispServerHostname, &CCommunication::dispServerHostname_),
-        KeyedMember(kLogServerHostname, &CCommunication::logServerHostname_),
-        KeyedMember(kEventLogUploadURL, &CCommunication::eventLogUploadURL_),
-        KeyedMember(kAutoupgradeURI, &CCommunication::autoupgradeURI_),
-        KeyedMember(kLogUploadInterval, &CCommunication::logUploadInterval_),
-        KeyedMember(kManagementQueryInterval, &CCommunication::managementQueryInterval_),
-        KeyedMember(kEnablePII, &CCommunication::enablePII_));
+        KeyedMember(L"AutoUpgradeQueryInterval", &CCommunication::autoUpgradeQueryInterval_),
+        KeyedMember(L"DispServerHostname", &CCommunication::dispServerHostname_),
+        KeyedMember(L"LogServerHostname", &CCommunication::logServerHostname_),
+        KeyedMember(L"EventLogUploadURL", &CCommunication::eventLogUploadURL_),
+        KeyedMember(L"AutoupgradeURI", &CCommunication::autoupgradeURI_),
+        KeyedMember(L"LogUploadInterval", &CCommunication::logUploadInterval_),
+        KeyedMember(L"ManagementQueryInterval", &CCommunication::managementQueryInterval_),
+        KeyedMember(L"EnablePII", &CCommunication::enablePII_));
 }
 
 template class ElementBase<CCommunication, ICommunication>;
@@ -39,7 +28,7 @@ void CCommunication::SetAutoUpgradeQueryInterval(const DWORD* value) {
 
 const std::wstring* CCommunication::GetDispServerHostname() const { return &dispServerHostname_; }
 int CCommunication::SetDispServerHostname(const std::wstring* value) {
-    return SetRequiredString(dispServerHostname_, value, kName, kDispServerHostname);
+    return SetRequired<&CCommunication::dispServerHostname_>(value);
 }
 
 int CCommunication::GetLogServerHostname(std::wstring* out) const {
@@ -65,12 +54,12 @@ void CCommunication::SetAutoupgradeURI(const std::wstring* value) {
 
 DWORD CCommunication::GetLogUploadInterval() const { return logUploadInterval_; }
 int CCommunication::SetLogUploadInterval(const DWORD* value) {
-    return SetRequiredDWORD(logUploadInterval_, value, kName, kLogUploadInterval);
+    return SetRequired<&CCommunication::logUploadInterval_>(value);
 }
 
 DWORD CCommunication::GetManagementQueryInterval() const { return managementQueryInterval_; }
 int CCommunication::SetManagementQueryInterval(const DWORD* value) {
-    return SetRequiredDWORD(managementQueryInterval_, value, kName, kManagementQueryInterval);
+    return SetRequired<&CCommunication::managementQueryInterval_>(value);
 }
 
 int CCommunication::GetEnablePII(DWORD* out) const { return GetOptionalDWORD(enablePII_, out); }

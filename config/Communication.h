@@ -14,10 +14,6 @@ namespace VextorJSConfig {
 
 class CCommunication final : public ElementBase<CCommunication, ICommunication> {
 public:
-    static constexpr const wchar_t* kName = L"Communication";
-    ~CCommunication() override { CCommunication::Clear(); }
-    static auto Members();
-
     int GetAutoUpgradeQueryInterval(DWORD* out) const override;
     void SetAutoUpgradeQueryInterval(const DWORD* value) override;
     const std::wstring* GetDispServerHostname() const override;
@@ -34,6 +30,11 @@ public:
     int SetManagementQueryInterval(const DWORD* value) override;
     int GetEnablePII(DWORD* out) const override;
     void SetEnablePII(const DWORD* value) override;
+
+    // The element's own key and its members (ElementBase.h).
+    static constexpr const wchar_t* kName = L"Communication";
+    static constexpr auto Members();
+    ~CCommunication() override { CCommunication::Clear(); }
 
 private:
     OptionalDWORD autoUpgradeQueryInterval_;

@@ -2,25 +2,19 @@
 
 namespace VextorJSConfig {
 
-namespace {
-constexpr const wchar_t* kMaxFileSizeForScan = L"MaxFileSizeForScan";
-constexpr const wchar_t* kFileTypesToBlock = L"FileTypesToBlock";
-constexpr const wchar_t* kFileTypesToScan = L"FileTypesToScan";
-}  // namespace
-
 // In write order, which is also the read order.
-auto CContentUploadChannel::Members() {
+constexpr auto CContentUploadChannel::Members() {
     return std::make_tuple(
         KeyedMember(CClientRequestHeaders::kName, &CContentUploadChannel::clientRequestHeaders_),
-        KeyedMember(kMaxFileSizeForScan, &CContentUploadChannel::maxFileSizeForScan_),
-        KeyedMember(kFileTypesToBlock, &CContentUploadChannel::fileTypesToBlock_),
-        KeyedMember(kFileTypesToScan, &CContentUploadChannel::fileTypesToScan_));
+        KeyedMember(L"MaxFileSizeForScan", &CContentUploadChannel::maxFileSizeForScan_),
+        KeyedMember(L"FileTypesToBlock", &CContentUploadChannel::fileTypesToBlock_),
+        KeyedMember(L"FileTypesToScan", &CContentUploadChannel::fileTypesToScan_));
 }
 
 template class ElementBase<CContentUploadChannel, IContentUploadChannel>;
 
 int CContentUploadChannel::SetMaxFileSizeForScan(const DWORD* value) {
-    return SetRequiredDWORD(maxFileSizeForScan_, value, kName, kMaxFileSizeForScan);
+    return SetRequired<&CContentUploadChannel::maxFileSizeForScan_>(value);
 }
 
 int CContentUploadChannel::GetFileTypesToBlock(std::wstring* out) const {

@@ -15,10 +15,6 @@ namespace VextorJSConfig {
 class CContentUploadChannel final
     : public ElementBase<CContentUploadChannel, IContentUploadChannel> {
 public:
-    static constexpr const wchar_t* kName = L"ContentUploadChannel";
-    ~CContentUploadChannel() override { CContentUploadChannel::Clear(); }
-    static auto Members();
-
     int GetClientRequestHeaders(IClientRequestHeaders** out) override {
         return GetOptionalChild(clientRequestHeaders_, out);
     }
@@ -31,6 +27,11 @@ public:
     void SetFileTypesToBlock(const std::wstring* value) override;
     int GetFileTypesToScan(std::wstring* out) const override;
     void SetFileTypesToScan(const std::wstring* value) override;
+
+    // The element's own key and its members (ElementBase.h).
+    static constexpr const wchar_t* kName = L"ContentUploadChannel";
+    static constexpr auto Members();
+    ~CContentUploadChannel() override { CContentUploadChannel::Clear(); }
 
 private:
     OptionalChild<CClientRequestHeaders> clientRequestHeaders_;

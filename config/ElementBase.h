@@ -3,8 +3,9 @@
 //
 // An element derives from ElementBase<Element, Interface> and gives it:
 // - kName, the element's own key (and the name in its failure messages);
-// - Members(), a tuple of KeyedMember(key, &Element::member), one for each
-//   member in write order, which is also the read order. The member's type
+// - Members(), a constexpr tuple of KeyedMember(key, &Element::member), one
+//   for each member in write order, which is also the read order; it is the
+//   only place that names the member's key. The member's type
 //   tells its kind (ElementMembers.h): DWORD and std::wstring are required,
 //   OptionalDWORD, OptionalString and OptionalChild optional, and any other
 //   type is a required child element;
@@ -28,7 +29,9 @@
 #include <zelt/JSONManager.h>
 #include <zelt/Types.h>
 
+#include <string>
 #include <tuple>
+#include <type_traits>
 
 namespace VextorJSConfig {
 
@@ -40,8 +43,17 @@ struct MemberWithKey {
 };
 
 template <class Element, class Member>
-MemberWithKey<Element, Member> KeyedMember(const wchar_t* key, Member Element::*member) {
+constexpr MemberWithKey<Element, Member> KeyedMember(const wchar_t* key, Member Element::*member) {
     return {key, member};
+}
+
+// Whether two member pointers, of any types, are the same member.
+template <class Member, class Other>
+constexpr bool IsSameMember(Member member, Other other) {
+    if constexpr (std::is_same_v<Member, Other>)
+        return member == other;
+    else
+        return false;
 }
 
 template <class Element, class Interface>
@@ -62,8 +74,19 @@ public:
     // The element's own node: an object added under parent.
     static JSONNode* CreateNode(IJSONManager* mgr, JSONNode* parent);
 
+protected:
+    // The setter of a required member: null is refused with the message that
+    // names the member's key; otherwise the member takes *value (a child
+    // copies it deeply).
+    template <auto member, class Value>
+    int SetRequired(const Value* value);
+
 private:
     Element& Self() { return static_cast<Element&>(*this); }
+
+    // The key that Members() gives member, looked up while compiling.
+    template <auto member>
+    static constexpr const wchar_t* KeyOf();
 
     // Runs the writer's or the reader's steps over the members, in order,
     // up to the first that fails.
@@ -111,6 +134,32 @@ Interface& ElementBase<Element, Interface>::CopyFrom(const Interface& other) {
 template <class Element, class Interface>
 JSONNode* ElementBase<Element, Interface>::CreateNode(IJSONManager* mgr, JSONNode* parent) {
     return CreateElementNode(mgr, parent, Element::kName);
+}
+
+template <class Element, class Interface>
+template <auto member, class Value>
+int ElementBase<Element, Interface>::SetRequired(const Value* value) {
+    constexpr const wchar_t* key = KeyOf<member>();
+    static_assert(key != nullptr, "the member is not in Members()");
+    auto& target = Self().*member;
+    if constexpr (std::is_same_v<std::decay_t<decltype(target)>, DWORD>)
+        return SetRequiredDWORD(target, value, Element::kName, key);
+    else if constexpr (std::is_same_v<std::decay_t<decltype(target)>, std::wstring>)
+        return SetRequiredString(target, value, Element::kName, key);
+    else
+        return SetRequiredChild(target, value, key);
+}
+
+template <class Element, class Interface>
+template <auto member>
+constexpr const wchar_t* ElementBase<Element, Interface>::KeyOf() {
+    const wchar_t* key = nullptr;
+    std::apply(
+        [&key](const auto&... entry) {
+            ((key = IsSameMember(entry.member, member) ? entry.key : key), ...);
+        },
+        Element::Members());
+    return key;
 }
 
 template <class Element, class Interface>

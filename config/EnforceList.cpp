@@ -2,18 +2,13 @@
 
 namespace VextorJSConfig {
 
-namespace {
-constexpr const wchar_t* kProcessNames = L"ProcessNames";
-constexpr const wchar_t* kDomainLists = L"DomainLists";
-}  // namespace
-
 // In write order, which is also the read order: "ProcessNames" before
 // "DomainLists", the reverse of WhiteList's order. Only the list can fail the
 // read; an unreadable string stays absent.
-auto CEnforceList::Members() {
+constexpr auto CEnforceList::Members() {
     return std::make_tuple(KeyedMember(CIPList::kName, &CEnforceList::ipList_),
-                           KeyedMember(kProcessNames, &CEnforceList::processNames_),
-                           KeyedMember(kDomainLists, &CEnforceList::domainLists_));
+                           KeyedMember(L"ProcessNames", &CEnforceList::processNames_),
+                           KeyedMember(L"DomainLists", &CEnforceList::domainLists_));
 }
 
 template class ElementBase<CEnforceList, IEnforceList>;

@@ -13,16 +13,17 @@ namespace VextorJSConfig {
 
 class CEnforceList final : public ElementBase<CEnforceList, IEnforceList> {
 public:
-    static constexpr const wchar_t* kName = L"EnforceList";
-    ~CEnforceList() override { CEnforceList::Clear(); }
-    static auto Members();
-
     int GetIPList(IIPList** out) override { return GetOptionalChild(ipList_, out); }
     void SetIPList(const IIPList* value) override { SetOptionalChild(ipList_, value); }
     int GetProcessNames(std::wstring* out) const override;
     void SetProcessNames(const std::wstring* value) override;
     int GetDomainLists(std::wstring* out) const override;
     void SetDomainLists(const std::wstring* value) override;
+
+    // The element's own key and its members (ElementBase.h).
+    static constexpr const wchar_t* kName = L"EnforceList";
+    static constexpr auto Members();
+    ~CEnforceList() override { CEnforceList::Clear(); }
 
 private:
     OptionalChild<CIPList> ipList_;

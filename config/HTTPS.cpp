@@ -2,35 +2,25 @@
 
 namespace VextorJSConfig {
 
-namespace {
-constexpr const wchar_t* kInspectHostnameOnly = L"InspectHostnameOnly";
-constexpr const wchar_t* kSSLFilter = L"SSLFilter";
-constexpr const wchar_t* kUpstreamVerification = L"UpstreamVerification";
-constexpr const wchar_t* kWhiteList = L"WhiteList";
-constexpr const wchar_t* kWhiteListWithPorts = L"WhiteListWithPorts";
-}  // namespace
-
 // In write order, which is also the read order.
-auto CHTTPS::Members() {
-    return std::make_tuple(KeyedMember(kInspectHostnameOnly, &CHTTPS::inspectHostnameOnly_),
-                           KeyedMember(kSSLFilter, &CHTTPS::sslFilter_),
-                           KeyedMember(kUpstreamVerification, &CHTTPS::upstreamVerification_),
-                           KeyedMember(kWhiteList, &CHTTPS::whiteList_),
-                           KeyedMember(kWhiteListWithPorts, &CHTTPS::whiteListWithPorts_));
+constexpr auto CHTTPS::Members() {
+    return std::make_tuple(KeyedMember(L"InspectHostnameOnly", &CHTTPS::inspectHostnameOnly_),
+                           KeyedMember(L"SSLFilter", &CHTTPS::sslFilter_),
+                           KeyedMember(L"UpstreamVerification", &CHTTPS::upstreamVerification_),
+                           KeyedMember(L"WhiteList", &CHTTPS::whiteList_),
+                           KeyedMember(L"WhiteListWithPorts", &CHTTPS::whiteListWithPorts_));
 }
 
 template class ElementBase<CHTTPS, IHTTPS>;
 
 int CHTTPS::SetInspectHostnameOnly(const DWORD* value) {
-    return SetRequiredDWORD(inspectHostnameOnly_, value, kName, kInspectHostnameOnly);
+    return SetRequired<&CHTTPS::inspectHostnameOnly_>(value);
 }
 
-int CHTTPS::SetSSLFilter(const DWORD* value) {
-    return SetRequiredDWORD(sslFilter_, value, kName, kSSLFilter);
-}
+int CHTTPS::SetSSLFilter(const DWORD* value) { return SetRequired<&CHTTPS::sslFilter_>(value); }
 
 int CHTTPS::SetUpstreamVerification(const DWORD* value) {
-    return SetRequiredDWORD(upstreamVerification_, value, kName, kUpstreamVerification);
+    return SetRequired<&CHTTPS::upstreamVerification_>(value);
 }
 
 int CHTTPS::GetWhiteList(std::wstring* out) const { return GetOptionalString(whiteList_, out); }

@@ -12,10 +12,6 @@ namespace VextorJSConfig {
 
 class CHTTPS final : public ElementBase<CHTTPS, IHTTPS> {
 public:
-    static constexpr const wchar_t* kName = L"HTTPS";
-    ~CHTTPS() override { CHTTPS::Clear(); }
-    static auto Members();
-
     DWORD GetInspectHostnameOnly() const override { return inspectHostnameOnly_; }
     int SetInspectHostnameOnly(const DWORD* value) override;
     DWORD GetSSLFilter() const override { return sslFilter_; }
@@ -26,6 +22,11 @@ public:
     void SetWhiteList(const std::wstring* value) override;
     int GetWhiteListWithPorts(std::wstring* out) const override;
     void SetWhiteListWithPorts(const std::wstring* value) override;
+
+    // The element's own key and its members (ElementBase.h).
+    static constexpr const wchar_t* kName = L"HTTPS";
+    static constexpr auto Members();
+    ~CHTTPS() override { CHTTPS::Clear(); }
 
 private:
     DWORD inspectHostnameOnly_ = 0;

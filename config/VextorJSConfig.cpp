@@ -2,23 +2,16 @@
 
 namespace VextorJSConfig {
 
-namespace {
-constexpr const wchar_t* kProfileName = L"ProfileName";
-constexpr const wchar_t* kSchemaVersion = L"SchemaVersion";
-constexpr const wchar_t* kAdminPassword = L"AdminPassword";
-constexpr const wchar_t* kEnableTrayiconMenu = L"EnableTrayiconMenu";
-}  // namespace
-
 // In write order, which is also the read order: the children first.
-auto CVextorJSConfig::Members() {
+constexpr auto CVextorJSConfig::Members() {
     return std::make_tuple(
         KeyedMember(CClientSetting::kName, &CVextorJSConfig::clientSetting_),
         KeyedMember(CAdvancedRule::kName, &CVextorJSConfig::advancedRule_),
         KeyedMember(CContentUploadChannel::kName, &CVextorJSConfig::contentUploadChannel_),
-        KeyedMember(kProfileName, &CVextorJSConfig::profileName_),
-        KeyedMember(kSchemaVersion, &CVextorJSConfig::schemaVersion_),
-        KeyedMember(kAdminPassword, &CVextorJSConfig::adminPassword_),
-        KeyedMember(kEnableTrayiconMenu, &CVextorJSConfig::enableTrayiconMenu_));
+        KeyedMember(L"ProfileName", &CVextorJSConfig::profileName_),
+        KeyedMember(L"SchemaVersion", &CVextorJSConfig::schemaVersion_),
+        KeyedMember(L"AdminPassword", &CVextorJSConfig::adminPassword_),
+        KeyedMember(L"EnableTrayiconMenu", &CVextorJSConfig::enableTrayiconMenu_));
 }
 
 JSONNode* CVextorJSConfig::CreateNode(IJSONManager* mgr, JSONNode* /*parent*/) {
@@ -36,27 +29,27 @@ JSONNode* CVextorJSConfig::CreateNode(IJSONManager* mgr, JSONNode* /*parent*/) {
 template class ElementBase<CVextorJSConfig, IVextorJSConfig>;
 
 int CVextorJSConfig::SetClientSetting(const IClientSetting* value) {
-    return SetRequiredChild(clientSetting_, value, CClientSetting::kName);
+    return SetRequired<&CVextorJSConfig::clientSetting_>(value);
 }
 
 int CVextorJSConfig::SetAdvancedRule(const IAdvancedRule* value) {
-    return SetRequiredChild(advancedRule_, value, CAdvancedRule::kName);
+    return SetRequired<&CVextorJSConfig::advancedRule_>(value);
 }
 
 int CVextorJSConfig::SetContentUploadChannel(const IContentUploadChannel* value) {
-    return SetRequiredChild(contentUploadChannel_, value, CContentUploadChannel::kName);
+    return SetRequired<&CVextorJSConfig::contentUploadChannel_>(value);
 }
 
 int CVextorJSConfig::SetProfileName(const std::wstring* value) {
-    return SetRequiredString(profileName_, value, kName, kProfileName);
+    return SetRequired<&CVextorJSConfig::profileName_>(value);
 }
 
 int CVextorJSConfig::SetSchemaVersion(const std::wstring* value) {
-    return SetRequiredString(schemaVersion_, value, kName, kSchemaVersion);
+    return SetRequired<&CVextorJSConfig::schemaVersion_>(value);
 }
 
 int CVextorJSConfig::SetAdminPassword(const std::wstring* value) {
-    return SetRequiredString(adminPassword_, value, kName, kAdminPassword);
+    return SetRequired<&CVextorJSConfig::adminPassword_>(value);
 }
 
 int CVextorJSConfig::GetEnableTrayiconMenu(DWORD* out) const {

@@ -15,10 +15,6 @@ namespace VextorJSConfig {
 
 class CVextorJSConfig final : public ElementBase<CVextorJSConfig, IVextorJSConfig> {
 public:
-    static constexpr const wchar_t* kName = L"VextorJSConfig";
-    ~CVextorJSConfig() override { CVextorJSConfig::Clear(); }
-    static auto Members();
-
     // Unlike the other elements, the root starts a new document in mgr and
     // writes into its top-level object (parent is not used), and reads from
     // the top-level object that the caller passes.
@@ -40,6 +36,11 @@ public:
     void SetEnableTrayiconMenu(const DWORD* value) override;
     int ReservedSlot20(DWORD* out) const override;
     void ReservedSlot21(const DWORD* value) override;
+
+    // The element's own key and its members (ElementBase.h).
+    static constexpr const wchar_t* kName = L"VextorJSConfig";
+    static constexpr auto Members();
+    ~CVextorJSConfig() override { CVextorJSConfig::Clear(); }
 
 private:
     CClientSetting clientSetting_;

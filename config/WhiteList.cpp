@@ -2,19 +2,14 @@
 
 namespace VextorJSConfig {
 
-namespace {
-constexpr const wchar_t* kDomainLists = L"DomainLists";
-constexpr const wchar_t* kProcessNames = L"ProcessNames";
-}  // namespace
-
 // In write order, which is also the read order: "DomainLists" before
 // "ProcessNames", the reverse of EnforceList's order. Only the lists can fail
 // the read; an unreadable string stays absent.
-auto CWhiteList::Members() {
+constexpr auto CWhiteList::Members() {
     return std::make_tuple(KeyedMember(CIPList::kName, &CWhiteList::ipList_),
                            KeyedMember(CVPNDescList::kName, &CWhiteList::vpnDescList_),
-                           KeyedMember(kDomainLists, &CWhiteList::domainLists_),
-                           KeyedMember(kProcessNames, &CWhiteList::processNames_));
+                           KeyedMember(L"DomainLists", &CWhiteList::domainLists_),
+                           KeyedMember(L"ProcessNames", &CWhiteList::processNames_));
 }
 
 template class ElementBase<CWhiteList, IWhiteList>;

@@ -13,10 +13,6 @@ namespace VextorJSConfig {
 
 class CWhiteList final : public ElementBase<CWhiteList, IWhiteList> {
 public:
-    static constexpr const wchar_t* kName = L"WhiteList";
-    ~CWhiteList() override { CWhiteList::Clear(); }
-    static auto Members();
-
     int GetIPList(IIPList** out) override { return GetOptionalChild(ipList_, out); }
     void SetIPList(const IIPList* value) override { SetOptionalChild(ipList_, value); }
     int GetVPNDescList(IVPNDescList** out) override { return GetOptionalChild(vpnDescList_, out); }
@@ -27,6 +23,11 @@ public:
     void SetDomainLists(const std::wstring* value) override;
     int GetProcessNames(std::wstring* out) const override;
     void SetProcessNames(const std::wstring* value) override;
+
+    // The element's own key and its members (ElementBase.h).
+    static constexpr const wchar_t* kName = L"WhiteList";
+    static constexpr auto Members();
+    ~CWhiteList() override { CWhiteList::Clear(); }
 
 private:
     OptionalChild<CIPList> ipList_;
