@@ -12,18 +12,20 @@ namespace VextorJSConfig {
 
 class CAdvancedRule final : public ElementBase<CAdvancedRule, IAdvancedRule> {
 public:
-    int GetEnforceList(IEnforceList** out) override { return GetOptionalChild(enforceList_, out); }
-    void SetEnforceList(const IEnforceList* value) override {
-        SetOptionalChild(enforceList_, value);
+    int GetEnforceList(IEnforceList** out) override { return GetOptional(enforceList_, out); }
+    void SetEnforceList(const IEnforceList* value) override { SetOptional(enforceList_, value); }
+    int GetWhiteList(IWhiteList** out) override { return GetOptional(whiteList_, out); }
+    void SetWhiteList(const IWhiteList* value) override { SetOptional(whiteList_, value); }
+    int GetEnforceProxyServer(DWORD* out) const override {
+        return GetOptional(enforceProxyServer_, out);
     }
-    int GetWhiteList(IWhiteList** out) override { return GetOptionalChild(whiteList_, out); }
-    void SetWhiteList(const IWhiteList* value) override { SetOptionalChild(whiteList_, value); }
-    int GetEnforceProxyServer(DWORD* out) const override;
-    void SetEnforceProxyServer(const DWORD* value) override;
-    int GetBypassPrivateIP(DWORD* out) const override;
-    void SetBypassPrivateIP(const DWORD* value) override;
-    int GetBypassLocalIP(DWORD* out) const override;
-    void SetBypassLocalIP(const DWORD* value) override;
+    void SetEnforceProxyServer(const DWORD* value) override {
+        SetOptional(enforceProxyServer_, value);
+    }
+    int GetBypassPrivateIP(DWORD* out) const override { return GetOptional(bypassPrivateIP_, out); }
+    void SetBypassPrivateIP(const DWORD* value) override { SetOptional(bypassPrivateIP_, value); }
+    int GetBypassLocalIP(DWORD* out) const override { return GetOptional(bypassLocalIP_, out); }
+    void SetBypassLocalIP(const DWORD* value) override { SetOptional(bypassLocalIP_, value); }
 
     // The element's own key and its members (ElementBase.h).
     static constexpr const wchar_t* kName = L"AdvancedRule";

@@ -28,10 +28,6 @@ int CClientSetting::SetContentUpload(const DWORD* value) {
     return SetRequired<&CClientSetting::contentUpload_>(value);
 }
 
-int CClientSetting::GetFailOpen(DWORD* out) const { return GetOptionalDWORD(failOpen_, out); }
-
-void CClientSetting::SetFailOpen(const DWORD* value) { SetOptionalDWORD(failOpen_, value); }
-
 int CClientSetting::SetLogUpload(const DWORD* value) {
     return SetRequired<&CClientSetting::logUpload_>(value);
 }
@@ -39,14 +35,6 @@ int CClientSetting::SetLogUpload(const DWORD* value) {
 int CClientSetting::SetURLLocalCache(const DWORD* value) {
     return SetRequired<&CClientSetting::urlLocalCache_>(value);
 }
-
-int CClientSetting::GetSafeMode(DWORD* out) const { return GetOptionalDWORD(safeMode_, out); }
-
-void CClientSetting::SetSafeMode(const DWORD* value) { SetOptionalDWORD(safeMode_, value); }
-
-int CClientSetting::GetStatsPeriod(DWORD* out) const { return GetOptionalDWORD(statsPeriod_, out); }
-
-void CClientSetting::SetStatsPeriod(const DWORD* value) { SetOptionalDWORD(statsPeriod_, value); }
 
 IClientSetting* ClientSetting_CreateNewInstance() {
     return NewClearedElement<IClientSetting, CClientSetting>();

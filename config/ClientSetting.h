@@ -18,16 +18,16 @@ public:
     int SetHTTPS(const IHTTPS* value) override;
     DWORD GetContentUpload() const override { return contentUpload_; }
     int SetContentUpload(const DWORD* value) override;
-    int GetFailOpen(DWORD* out) const override;
-    void SetFailOpen(const DWORD* value) override;
+    int GetFailOpen(DWORD* out) const override { return GetOptional(failOpen_, out); }
+    void SetFailOpen(const DWORD* value) override { SetOptional(failOpen_, value); }
     DWORD GetLogUpload() const override { return logUpload_; }
     int SetLogUpload(const DWORD* value) override;
     DWORD GetURLLocalCache() const override { return urlLocalCache_; }
     int SetURLLocalCache(const DWORD* value) override;
-    int GetSafeMode(DWORD* out) const override;
-    void SetSafeMode(const DWORD* value) override;
-    int GetStatsPeriod(DWORD* out) const override;
-    void SetStatsPeriod(const DWORD* value) override;
+    int GetSafeMode(DWORD* out) const override { return GetOptional(safeMode_, out); }
+    void SetSafeMode(const DWORD* value) override { SetOptional(safeMode_, value); }
+    int GetStatsPeriod(DWORD* out) const override { return GetOptional(statsPeriod_, out); }
+    void SetStatsPeriod(const DWORD* value) override { SetOptional(statsPeriod_, value); }
 
     // The element's own key and its members (ElementBase.h).
     static constexpr const wchar_t* kName = L"ClientSetting";

@@ -14,22 +14,38 @@ namespace VextorJSConfig {
 
 class CCommunication final : public ElementBase<CCommunication, ICommunication> {
 public:
-    int GetAutoUpgradeQueryInterval(DWORD* out) const override;
-    void SetAutoUpgradeQueryInterval(const DWORD* value) override;
-    const std::wstring* GetDispServerHostname() const override;
+    int GetAutoUpgradeQueryInterval(DWORD* out) const override {
+        return GetOptional(autoUpgradeQueryInterval_, out);
+    }
+    void SetAutoUpgradeQueryInterval(const DWORD* value) override {
+        SetOptional(autoUpgradeQueryInterval_, value);
+    }
+    const std::wstring* GetDispServerHostname() const override { return &dispServerHostname_; }
     int SetDispServerHostname(const std::wstring* value) override;
-    int GetLogServerHostname(std::wstring* out) const override;
-    void SetLogServerHostname(const std::wstring* value) override;
-    int GetEventLogUploadURL(std::wstring* out) const override;
-    void SetEventLogUploadURL(const std::wstring* value) override;
-    int GetAutoupgradeURI(std::wstring* out) const override;
-    void SetAutoupgradeURI(const std::wstring* value) override;
-    DWORD GetLogUploadInterval() const override;
+    int GetLogServerHostname(std::wstring* out) const override {
+        return GetOptional(logServerHostname_, out);
+    }
+    void SetLogServerHostname(const std::wstring* value) override {
+        SetOptional(logServerHostname_, value);
+    }
+    int GetEventLogUploadURL(std::wstring* out) const override {
+        return GetOptional(eventLogUploadURL_, out);
+    }
+    void SetEventLogUploadURL(const std::wstring* value) override {
+        SetOptional(eventLogUploadURL_, value);
+    }
+    int GetAutoupgradeURI(std::wstring* out) const override {
+        return GetOptional(autoupgradeURI_, out);
+    }
+    void SetAutoupgradeURI(const std::wstring* value) override {
+        SetOptional(autoupgradeURI_, value);
+    }
+    DWORD GetLogUploadInterval() const override { return logUploadInterval_; }
     int SetLogUploadInterval(const DWORD* value) override;
-    DWORD GetManagementQueryInterval() const override;
+    DWORD GetManagementQueryInterval() const override { return managementQueryInterval_; }
     int SetManagementQueryInterval(const DWORD* value) override;
-    int GetEnablePII(DWORD* out) const override;
-    void SetEnablePII(const DWORD* value) override;
+    int GetEnablePII(DWORD* out) const override { return GetOptional(enablePII_, out); }
+    void SetEnablePII(const DWORD* value) override { SetOptional(enablePII_, value); }
 
     // The element's own key and its members (ElementBase.h).
     static constexpr const wchar_t* kName = L"Communication";

@@ -17,22 +17,6 @@ int CContentUploadChannel::SetMaxFileSizeForScan(const DWORD* value) {
     return SetRequired<&CContentUploadChannel::maxFileSizeForScan_>(value);
 }
 
-int CContentUploadChannel::GetFileTypesToBlock(std::wstring* out) const {
-    return GetOptionalString(fileTypesToBlock_, out);
-}
-
-void CContentUploadChannel::SetFileTypesToBlock(const std::wstring* value) {
-    SetOptionalString(fileTypesToBlock_, value);
-}
-
-int CContentUploadChannel::GetFileTypesToScan(std::wstring* out) const {
-    return GetOptionalString(fileTypesToScan_, out);
-}
-
-void CContentUploadChannel::SetFileTypesToScan(const std::wstring* value) {
-    SetOptionalString(fileTypesToScan_, value);
-}
-
 IContentUploadChannel* ContentUploadChannel_CreateNewInstance() {
     return NewClearedElement<IContentUploadChannel, CContentUploadChannel>();
 }

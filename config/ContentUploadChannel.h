@@ -16,17 +16,25 @@ class CContentUploadChannel final
     : public ElementBase<CContentUploadChannel, IContentUploadChannel> {
 public:
     int GetClientRequestHeaders(IClientRequestHeaders** out) override {
-        return GetOptionalChild(clientRequestHeaders_, out);
+        return GetOptional(clientRequestHeaders_, out);
     }
     void SetClientRequestHeaders(const IClientRequestHeaders* value) override {
-        SetOptionalChild(clientRequestHeaders_, value);
+        SetOptional(clientRequestHeaders_, value);
     }
     DWORD GetMaxFileSizeForScan() const override { return maxFileSizeForScan_; }
     int SetMaxFileSizeForScan(const DWORD* value) override;
-    int GetFileTypesToBlock(std::wstring* out) const override;
-    void SetFileTypesToBlock(const std::wstring* value) override;
-    int GetFileTypesToScan(std::wstring* out) const override;
-    void SetFileTypesToScan(const std::wstring* value) override;
+    int GetFileTypesToBlock(std::wstring* out) const override {
+        return GetOptional(fileTypesToBlock_, out);
+    }
+    void SetFileTypesToBlock(const std::wstring* value) override {
+        SetOptional(fileTypesToBlock_, value);
+    }
+    int GetFileTypesToScan(std::wstring* out) const override {
+        return GetOptional(fileTypesToScan_, out);
+    }
+    void SetFileTypesToScan(const std::wstring* value) override {
+        SetOptional(fileTypesToScan_, value);
+    }
 
     // The element's own key and its members (ElementBase.h).
     static constexpr const wchar_t* kName = L"ContentUploadChannel";

@@ -82,8 +82,8 @@ Interface* NewClearedElement() {
 // Required DWORD setter: null is refused with the set-Attribute message.
 int SetRequiredDWORD(DWORD& member, const DWORD* value, const wchar_t* element, const wchar_t* key);
 // Optional DWORD: null makes it absent (value 0).
-void SetOptionalDWORD(OptionalDWORD& member, const DWORD* value);
-int GetOptionalDWORD(const OptionalDWORD& member, DWORD* out);
+void SetOptional(OptionalDWORD& member, const DWORD* value);
+int GetOptional(const OptionalDWORD& member, DWORD* out);
 
 // Required string setter: null is refused with the set-Attribute message. The
 // member is emptied before the self-check, so passing the member itself
@@ -91,8 +91,8 @@ int GetOptionalDWORD(const OptionalDWORD& member, DWORD* out);
 int SetRequiredString(std::wstring& member, const std::wstring* value, const wchar_t* element,
                       const wchar_t* key);
 // Optional string: emptied and absent first; null stops there.
-void SetOptionalString(OptionalString& member, const std::wstring* value);
-int GetOptionalString(const OptionalString& member, std::wstring* out);
+void SetOptional(OptionalString& member, const std::wstring* value);
+int GetOptional(const OptionalString& member, std::wstring* out);
 
 // Required child setter: the embedded child copies *value.
 template <class Child, class Interface>
@@ -104,7 +104,7 @@ int SetRequiredChild(Child& child, const Interface* value, const wchar_t* childN
 
 // Optional child setter: null only clears the flag and keeps the content.
 template <class Child, class Interface>
-void SetOptionalChild(OptionalChild<Child>& member, const Interface* value) {
+void SetOptional(OptionalChild<Child>& member, const Interface* value) {
     if (value == nullptr) {
         member.present = 0;
         return;
@@ -115,7 +115,7 @@ void SetOptionalChild(OptionalChild<Child>& member, const Interface* value) {
 
 // Optional child getter: hands out the embedded child itself.
 template <class Child, class Interface>
-int GetOptionalChild(OptionalChild<Child>& member, Interface** out) {
+int GetOptional(OptionalChild<Child>& member, Interface** out) {
     if (member.present == 0) return ZELT_NOT_PRESENT;
     *out = &member.element;
     return ZELT_SUCCESS;

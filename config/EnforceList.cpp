@@ -13,20 +13,6 @@ constexpr auto CEnforceList::Members() {
 
 template class ElementBase<CEnforceList, IEnforceList>;
 
-int CEnforceList::GetProcessNames(std::wstring* out) const {
-    return GetOptionalString(processNames_, out);
-}
-void CEnforceList::SetProcessNames(const std::wstring* value) {
-    SetOptionalString(processNames_, value);
-}
-
-int CEnforceList::GetDomainLists(std::wstring* out) const {
-    return GetOptionalString(domainLists_, out);
-}
-void CEnforceList::SetDomainLists(const std::wstring* value) {
-    SetOptionalString(domainLists_, value);
-}
-
 IEnforceList* EnforceList_CreateNewInstance() {
     return NewClearedElement<IEnforceList, CEnforceList>();
 }

@@ -13,12 +13,14 @@ namespace VextorJSConfig {
 
 class CEnforceList final : public ElementBase<CEnforceList, IEnforceList> {
 public:
-    int GetIPList(IIPList** out) override { return GetOptionalChild(ipList_, out); }
-    void SetIPList(const IIPList* value) override { SetOptionalChild(ipList_, value); }
-    int GetProcessNames(std::wstring* out) const override;
-    void SetProcessNames(const std::wstring* value) override;
-    int GetDomainLists(std::wstring* out) const override;
-    void SetDomainLists(const std::wstring* value) override;
+    int GetIPList(IIPList** out) override { return GetOptional(ipList_, out); }
+    void SetIPList(const IIPList* value) override { SetOptional(ipList_, value); }
+    int GetProcessNames(std::wstring* out) const override {
+        return GetOptional(processNames_, out);
+    }
+    void SetProcessNames(const std::wstring* value) override { SetOptional(processNames_, value); }
+    int GetDomainLists(std::wstring* out) const override { return GetOptional(domainLists_, out); }
+    void SetDomainLists(const std::wstring* value) override { SetOptional(domainLists_, value); }
 
     // The element's own key and its members (ElementBase.h).
     static constexpr const wchar_t* kName = L"EnforceList";

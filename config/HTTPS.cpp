@@ -23,18 +23,6 @@ int CHTTPS::SetUpstreamVerification(const DWORD* value) {
     return SetRequired<&CHTTPS::upstreamVerification_>(value);
 }
 
-int CHTTPS::GetWhiteList(std::wstring* out) const { return GetOptionalString(whiteList_, out); }
-
-void CHTTPS::SetWhiteList(const std::wstring* value) { SetOptionalString(whiteList_, value); }
-
-int CHTTPS::GetWhiteListWithPorts(std::wstring* out) const {
-    return GetOptionalString(whiteListWithPorts_, out);
-}
-
-void CHTTPS::SetWhiteListWithPorts(const std::wstring* value) {
-    SetOptionalString(whiteListWithPorts_, value);
-}
-
 IHTTPS* HTTPS_CreateNewInstance() { return NewClearedElement<IHTTPS, CHTTPS>(); }
 
 }  // namespace VextorJSConfig

@@ -18,10 +18,14 @@ public:
     int SetSSLFilter(const DWORD* value) override;
     DWORD GetUpstreamVerification() const override { return upstreamVerification_; }
     int SetUpstreamVerification(const DWORD* value) override;
-    int GetWhiteList(std::wstring* out) const override;
-    void SetWhiteList(const std::wstring* value) override;
-    int GetWhiteListWithPorts(std::wstring* out) const override;
-    void SetWhiteListWithPorts(const std::wstring* value) override;
+    int GetWhiteList(std::wstring* out) const override { return GetOptional(whiteList_, out); }
+    void SetWhiteList(const std::wstring* value) override { SetOptional(whiteList_, value); }
+    int GetWhiteListWithPorts(std::wstring* out) const override {
+        return GetOptional(whiteListWithPorts_, out);
+    }
+    void SetWhiteListWithPorts(const std::wstring* value) override {
+        SetOptional(whiteListWithPorts_, value);
+    }
 
     // The element's own key and its members (ElementBase.h).
     static constexpr const wchar_t* kName = L"HTTPS";

@@ -52,14 +52,6 @@ int CVextorJSConfig::SetAdminPassword(const std::wstring* value) {
     return SetRequired<&CVextorJSConfig::adminPassword_>(value);
 }
 
-int CVextorJSConfig::GetEnableTrayiconMenu(DWORD* out) const {
-    return GetOptionalDWORD(enableTrayiconMenu_, out);
-}
-
-void CVextorJSConfig::SetEnableTrayiconMenu(const DWORD* value) {
-    SetOptionalDWORD(enableTrayiconMenu_, value);
-}
-
 // The reserved pair holds no member: nothing is ever present there.
 int CVextorJSConfig::ReservedSlot20(DWORD* /*out*/) const { return ZELT_NOT_PRESENT; }
 

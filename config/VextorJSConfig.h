@@ -32,8 +32,12 @@ public:
     int SetSchemaVersion(const std::wstring* value) override;
     const std::wstring* GetAdminPassword() const override { return &adminPassword_; }
     int SetAdminPassword(const std::wstring* value) override;
-    int GetEnableTrayiconMenu(DWORD* out) const override;
-    void SetEnableTrayiconMenu(const DWORD* value) override;
+    int GetEnableTrayiconMenu(DWORD* out) const override {
+        return GetOptional(enableTrayiconMenu_, out);
+    }
+    void SetEnableTrayiconMenu(const DWORD* value) override {
+        SetOptional(enableTrayiconMenu_, value);
+    }
     int ReservedSlot20(DWORD* out) const override;
     void ReservedSlot21(const DWORD* value) override;
 

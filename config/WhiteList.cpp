@@ -14,20 +14,6 @@ constexpr auto CWhiteList::Members() {
 
 template class ElementBase<CWhiteList, IWhiteList>;
 
-int CWhiteList::GetDomainLists(std::wstring* out) const {
-    return GetOptionalString(domainLists_, out);
-}
-void CWhiteList::SetDomainLists(const std::wstring* value) {
-    SetOptionalString(domainLists_, value);
-}
-
-int CWhiteList::GetProcessNames(std::wstring* out) const {
-    return GetOptionalString(processNames_, out);
-}
-void CWhiteList::SetProcessNames(const std::wstring* value) {
-    SetOptionalString(processNames_, value);
-}
-
 IWhiteList* WhiteList_CreateNewInstance() { return NewClearedElement<IWhiteList, CWhiteList>(); }
 
 }  // namespace VextorJSConfig

@@ -13,16 +13,16 @@ namespace VextorJSConfig {
 
 class CWhiteList final : public ElementBase<CWhiteList, IWhiteList> {
 public:
-    int GetIPList(IIPList** out) override { return GetOptionalChild(ipList_, out); }
-    void SetIPList(const IIPList* value) override { SetOptionalChild(ipList_, value); }
-    int GetVPNDescList(IVPNDescList** out) override { return GetOptionalChild(vpnDescList_, out); }
-    void SetVPNDescList(const IVPNDescList* value) override {
-        SetOptionalChild(vpnDescList_, value);
+    int GetIPList(IIPList** out) override { return GetOptional(ipList_, out); }
+    void SetIPList(const IIPList* value) override { SetOptional(ipList_, value); }
+    int GetVPNDescList(IVPNDescList** out) override { return GetOptional(vpnDescList_, out); }
+    void SetVPNDescList(const IVPNDescList* value) override { SetOptional(vpnDescList_, value); }
+    int GetDomainLists(std::wstring* out) const override { return GetOptional(domainLists_, out); }
+    void SetDomainLists(const std::wstring* value) override { SetOptional(domainLists_, value); }
+    int GetProcessNames(std::wstring* out) const override {
+        return GetOptional(processNames_, out);
     }
-    int GetDomainLists(std::wstring* out) const override;
-    void SetDomainLists(const std::wstring* value) override;
-    int GetProcessNames(std::wstring* out) const override;
-    void SetProcessNames(const std::wstring* value) override;
+    void SetProcessNames(const std::wstring* value) override { SetOptional(processNames_, value); }
 
     // The element's own key and its members (ElementBase.h).
     static constexpr const wchar_t* kName = L"WhiteList";
