@@ -27,9 +27,17 @@ public:
     int GetBypassLocalIP(DWORD* out) const override { return GetOptional(bypassLocalIP_, out); }
     void SetBypassLocalIP(const DWORD* value) override { SetOptional(bypassLocalIP_, value); }
 
-    // The element's own key and its members (ElementBase.h).
+    // The element's own key (ElementBase.h).
     static constexpr const wchar_t* kName = L"AdvancedRule";
-    static constexpr auto Members();
+    // The members in write order, which is also the read order.
+    static constexpr auto Members() {
+        return std::make_tuple(
+            KeyedMember(CEnforceList::kName, &CAdvancedRule::enforceList_),
+            KeyedMember(CWhiteList::kName, &CAdvancedRule::whiteList_),
+            KeyedMember(L"EnforceProxyServer", &CAdvancedRule::enforceProxyServer_),
+            KeyedMember(L"BypassPrivateIP", &CAdvancedRule::bypassPrivateIP_),
+            KeyedMember(L"BypassLocalIP", &CAdvancedRule::bypassLocalIP_));
+    }
     ~CAdvancedRule() override { CAdvancedRule::Clear(); }
 
 private:
@@ -39,8 +47,6 @@ private:
     OptionalDWORD bypassPrivateIP_;
     OptionalDWORD bypassLocalIP_;
 };
-
-extern template class ElementBase<CAdvancedRule, IAdvancedRule>;
 
 }  // namespace VextorJSConfig
 

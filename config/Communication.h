@@ -21,7 +21,9 @@ public:
         SetOptional(autoUpgradeQueryInterval_, value);
     }
     const std::wstring* GetDispServerHostname() const override { return &dispServerHostname_; }
-    int SetDispServerHostname(const std::wstring* value) override;
+    int SetDispServerHostname(const std::wstring* value) override {
+        return SetRequired<&CCommunication::dispServerHostname_>(value);
+    }
     int GetLogServerHostname(std::wstring* out) const override {
         return GetOptional(logServerHostname_, out);
     }
@@ -41,15 +43,32 @@ public:
         SetOptional(autoupgradeURI_, value);
     }
     DWORD GetLogUploadInterval() const override { return logUploadInterval_; }
-    int SetLogUploadInterval(const DWORD* value) override;
+    int SetLogUploadInterval(const DWORD* value) override {
+        return SetRequired<&CCommunication::logUploadInterval_>(value);
+    }
     DWORD GetManagementQueryInterval() const override { return managementQueryInterval_; }
-    int SetManagementQueryInterval(const DWORD* value) override;
+    int SetManagementQueryInterval(const DWORD* value) override {
+        return SetRequired<&CCommunication::managementQueryInterval_>(value);
+    }
     int GetEnablePII(DWORD* out) const override { return GetOptional(enablePII_, out); }
     void SetEnablePII(const DWORD* value) override { SetOptional(enablePII_, value); }
 
-    // The element's own key and its members (ElementBase.h).
+    // The element's own key (ElementBase.h).
     static constexpr const wchar_t* kName = L"Communication";
-    static constexpr auto Members();
+    // The members in write order, which is also the read order. "AutoUpgradeQueryInterval"
+    // and "AutoupgradeURI" differ in case on purpose: the document format spells
+    // them so.
+    static constexpr auto Members() {
+        return std::make_tuple(
+            KeyedMember(L"AutoUpgradeQueryInterval", &CCommunication::autoUpgradeQueryInterval_),
+            KeyedMember(L"DispServerHostname", &CCommunication::dispServerHostname_),
+            KeyedMember(L"LogServerHostname", &CCommunication::logServerHostname_),
+            KeyedMember(L"EventLogUploadURL", &CCommunication::eventLogUploadURL_),
+            KeyedMember(L"AutoupgradeURI", &CCommunication::autoupgradeURI_),
+            KeyedMember(L"LogUploadInterval", &CCommunication::logUploadInterval_),
+            KeyedMember(L"ManagementQueryInterval", &CCommunication::managementQueryInterval_),
+            KeyedMember(L"EnablePII", &CCommunication::enablePII_));
+    }
     ~CCommunication() override { CCommunication::Clear(); }
 
 private:
@@ -62,8 +81,6 @@ private:
     DWORD managementQueryInterval_ = 0;
     OptionalDWORD enablePII_;
 };
-
-extern template class ElementBase<CCommunication, ICommunication>;
 
 }  // namespace VextorJSConfig
 

@@ -22,7 +22,9 @@ public:
         SetOptional(clientRequestHeaders_, value);
     }
     DWORD GetMaxFileSizeForScan() const override { return maxFileSizeForScan_; }
-    int SetMaxFileSizeForScan(const DWORD* value) override;
+    int SetMaxFileSizeForScan(const DWORD* value) override {
+        return SetRequired<&CContentUploadChannel::maxFileSizeForScan_>(value);
+    }
     int GetFileTypesToBlock(std::wstring* out) const override {
         return GetOptional(fileTypesToBlock_, out);
     }
@@ -36,9 +38,17 @@ public:
         SetOptional(fileTypesToScan_, value);
     }
 
-    // The element's own key and its members (ElementBase.h).
+    // The element's own key (ElementBase.h).
     static constexpr const wchar_t* kName = L"ContentUploadChannel";
-    static constexpr auto Members();
+    // The members in write order, which is also the read order.
+    static constexpr auto Members() {
+        return std::make_tuple(
+            KeyedMember(CClientRequestHeaders::kName,
+                        &CContentUploadChannel::clientRequestHeaders_),
+            KeyedMember(L"MaxFileSizeForScan", &CContentUploadChannel::maxFileSizeForScan_),
+            KeyedMember(L"FileTypesToBlock", &CContentUploadChannel::fileTypesToBlock_),
+            KeyedMember(L"FileTypesToScan", &CContentUploadChannel::fileTypesToScan_));
+    }
     ~CContentUploadChannel() override { CContentUploadChannel::Clear(); }
 
 private:
@@ -47,8 +57,6 @@ private:
     OptionalString fileTypesToBlock_;
     OptionalString fileTypesToScan_;
 };
-
-extern template class ElementBase<CContentUploadChannel, IContentUploadChannel>;
 
 }  // namespace VextorJSConfig
 

@@ -22,9 +22,16 @@ public:
     int GetDomainLists(std::wstring* out) const override { return GetOptional(domainLists_, out); }
     void SetDomainLists(const std::wstring* value) override { SetOptional(domainLists_, value); }
 
-    // The element's own key and its members (ElementBase.h).
+    // The element's own key (ElementBase.h).
     static constexpr const wchar_t* kName = L"EnforceList";
-    static constexpr auto Members();
+    // The members in write order, which is also the read order: "ProcessNames" before
+    //"DomainLists", the reverse of WhiteList's order. Only the list can fail the
+    // read; an unreadable string stays absent.
+    static constexpr auto Members() {
+        return std::make_tuple(KeyedMember(CIPList::kName, &CEnforceList::ipList_),
+                               KeyedMember(L"ProcessNames", &CEnforceList::processNames_),
+                               KeyedMember(L"DomainLists", &CEnforceList::domainLists_));
+    }
     ~CEnforceList() override { CEnforceList::Clear(); }
 
 private:
@@ -32,8 +39,6 @@ private:
     OptionalString processNames_;
     OptionalString domainLists_;
 };
-
-extern template class ElementBase<CEnforceList, IEnforceList>;
 
 }  // namespace VextorJSConfig
 

@@ -13,11 +13,17 @@ namespace VextorJSConfig {
 class CHTTPS final : public ElementBase<CHTTPS, IHTTPS> {
 public:
     DWORD GetInspectHostnameOnly() const override { return inspectHostnameOnly_; }
-    int SetInspectHostnameOnly(const DWORD* value) override;
+    int SetInspectHostnameOnly(const DWORD* value) override {
+        return SetRequired<&CHTTPS::inspectHostnameOnly_>(value);
+    }
     DWORD GetSSLFilter() const override { return sslFilter_; }
-    int SetSSLFilter(const DWORD* value) override;
+    int SetSSLFilter(const DWORD* value) override {
+        return SetRequired<&CHTTPS::sslFilter_>(value);
+    }
     DWORD GetUpstreamVerification() const override { return upstreamVerification_; }
-    int SetUpstreamVerification(const DWORD* value) override;
+    int SetUpstreamVerification(const DWORD* value) override {
+        return SetRequired<&CHTTPS::upstreamVerification_>(value);
+    }
     int GetWhiteList(std::wstring* out) const override { return GetOptional(whiteList_, out); }
     void SetWhiteList(const std::wstring* value) override { SetOptional(whiteList_, value); }
     int GetWhiteListWithPorts(std::wstring* out) const override {
@@ -27,9 +33,16 @@ public:
         SetOptional(whiteListWithPorts_, value);
     }
 
-    // The element's own key and its members (ElementBase.h).
+    // The element's own key (ElementBase.h).
     static constexpr const wchar_t* kName = L"HTTPS";
-    static constexpr auto Members();
+    // The members in write order, which is also the read order.
+    static constexpr auto Members() {
+        return std::make_tuple(KeyedMember(L"InspectHostnameOnly", &CHTTPS::inspectHostnameOnly_),
+                               KeyedMember(L"SSLFilter", &CHTTPS::sslFilter_),
+                               KeyedMember(L"UpstreamVerification", &CHTTPS::upstreamVerification_),
+                               KeyedMember(L"WhiteList", &CHTTPS::whiteList_),
+                               KeyedMember(L"WhiteListWithPorts", &CHTTPS::whiteListWithPorts_));
+    }
     ~CHTTPS() override { CHTTPS::Clear(); }
 
 private:
@@ -39,8 +52,6 @@ private:
     OptionalString whiteList_;
     OptionalString whiteListWithPorts_;
 };
-
-extern template class ElementBase<CHTTPS, IHTTPS>;
 
 }  // namespace VextorJSConfig
 

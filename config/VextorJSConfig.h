@@ -21,17 +21,29 @@ public:
     static JSONNode* CreateNode(IJSONManager* mgr, JSONNode* parent);
 
     IClientSetting* GetClientSetting() override { return &clientSetting_; }
-    int SetClientSetting(const IClientSetting* value) override;
+    int SetClientSetting(const IClientSetting* value) override {
+        return SetRequired<&CVextorJSConfig::clientSetting_>(value);
+    }
     IAdvancedRule* GetAdvancedRule() override { return &advancedRule_; }
-    int SetAdvancedRule(const IAdvancedRule* value) override;
+    int SetAdvancedRule(const IAdvancedRule* value) override {
+        return SetRequired<&CVextorJSConfig::advancedRule_>(value);
+    }
     IContentUploadChannel* GetContentUploadChannel() override { return &contentUploadChannel_; }
-    int SetContentUploadChannel(const IContentUploadChannel* value) override;
+    int SetContentUploadChannel(const IContentUploadChannel* value) override {
+        return SetRequired<&CVextorJSConfig::contentUploadChannel_>(value);
+    }
     const std::wstring* GetProfileName() const override { return &profileName_; }
-    int SetProfileName(const std::wstring* value) override;
+    int SetProfileName(const std::wstring* value) override {
+        return SetRequired<&CVextorJSConfig::profileName_>(value);
+    }
     const std::wstring* GetSchemaVersion() const override { return &schemaVersion_; }
-    int SetSchemaVersion(const std::wstring* value) override;
+    int SetSchemaVersion(const std::wstring* value) override {
+        return SetRequired<&CVextorJSConfig::schemaVersion_>(value);
+    }
     const std::wstring* GetAdminPassword() const override { return &adminPassword_; }
-    int SetAdminPassword(const std::wstring* value) override;
+    int SetAdminPassword(const std::wstring* value) override {
+        return SetRequired<&CVextorJSConfig::adminPassword_>(value);
+    }
     int GetEnableTrayiconMenu(DWORD* out) const override {
         return GetOptional(enableTrayiconMenu_, out);
     }
@@ -41,9 +53,19 @@ public:
     int ReservedSlot20(DWORD* out) const override;
     void ReservedSlot21(const DWORD* value) override;
 
-    // The element's own key and its members (ElementBase.h).
+    // The element's own key (ElementBase.h).
     static constexpr const wchar_t* kName = L"VextorJSConfig";
-    static constexpr auto Members();
+    // The members in write order, which is also the read order: the children first.
+    static constexpr auto Members() {
+        return std::make_tuple(
+            KeyedMember(CClientSetting::kName, &CVextorJSConfig::clientSetting_),
+            KeyedMember(CAdvancedRule::kName, &CVextorJSConfig::advancedRule_),
+            KeyedMember(CContentUploadChannel::kName, &CVextorJSConfig::contentUploadChannel_),
+            KeyedMember(L"ProfileName", &CVextorJSConfig::profileName_),
+            KeyedMember(L"SchemaVersion", &CVextorJSConfig::schemaVersion_),
+            KeyedMember(L"AdminPassword", &CVextorJSConfig::adminPassword_),
+            KeyedMember(L"EnableTrayiconMenu", &CVextorJSConfig::enableTrayiconMenu_));
+    }
     ~CVextorJSConfig() override { CVextorJSConfig::Clear(); }
 
 private:
@@ -55,8 +77,6 @@ private:
     std::wstring adminPassword_;
     OptionalDWORD enableTrayiconMenu_;
 };
-
-extern template class ElementBase<CVextorJSConfig, IVextorJSConfig>;
 
 }  // namespace VextorJSConfig
 

@@ -24,9 +24,17 @@ public:
     }
     void SetProcessNames(const std::wstring* value) override { SetOptional(processNames_, value); }
 
-    // The element's own key and its members (ElementBase.h).
+    // The element's own key (ElementBase.h).
     static constexpr const wchar_t* kName = L"WhiteList";
-    static constexpr auto Members();
+    // The members in write order, which is also the read order: "DomainLists" before
+    //"ProcessNames", the reverse of EnforceList's order. Only the lists can fail
+    // the read; an unreadable string stays absent.
+    static constexpr auto Members() {
+        return std::make_tuple(KeyedMember(CIPList::kName, &CWhiteList::ipList_),
+                               KeyedMember(CVPNDescList::kName, &CWhiteList::vpnDescList_),
+                               KeyedMember(L"DomainLists", &CWhiteList::domainLists_),
+                               KeyedMember(L"ProcessNames", &CWhiteList::processNames_));
+    }
     ~CWhiteList() override { CWhiteList::Clear(); }
 
 private:
@@ -35,8 +43,6 @@ private:
     OptionalString domainLists_;
     OptionalString processNames_;
 };
-
-extern template class ElementBase<CWhiteList, IWhiteList>;
 
 }  // namespace VextorJSConfig
 
