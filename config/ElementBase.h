@@ -10,7 +10,9 @@
 //   OptionalDWORD, OptionalString and OptionalChild optional, and any other
 //   type is a required child element;
 // - optionally CreateNode(mgr, parent), when its own node is not an object
-//   added under parent (the root's is the top-level object of a new document).
+//   added under parent (the root's is the top-level object of a new document,
+//   a list entry writes into the list's array itself);
+// - optionally kElementType, when it is not an ordinary element.
 //
 // The element's destructor resets it as Clear does before its members die,
 // which this base cannot do for it: by then they are gone. Copying an element
@@ -73,6 +75,8 @@ public:
 
     // The element's own node: an object added under parent.
     static JSONNode* CreateNode(IJSONManager* mgr, JSONNode* parent);
+    // What Clear sets ElementType to.
+    static constexpr DWORD kElementType = ELEMENT_TYPE_ORDINARY;
 
 protected:
     // The setter of a required member: null is refused with the message that
@@ -116,7 +120,7 @@ int ElementBase<Element, Interface>::ReadFromJSONMgr(IJSONManager* mgr, JSONNode
 
 template <class Element, class Interface>
 void ElementBase<Element, Interface>::Clear() {
-    this->ElementType = ELEMENT_TYPE_ORDINARY;
+    this->ElementType = Element::kElementType;
     ForEachMember([this](const auto& entry) { ResetMember(Self().*entry.member); });
 }
 

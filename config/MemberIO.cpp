@@ -40,14 +40,20 @@ StringRead ReadStringInTwoSteps(IJSONManager* mgr, JSONNode* node, const wchar_t
     return StringRead::Read;
 }
 
-JSONNode* CreateElementNode(IJSONManager* mgr, JSONNode* parent, const wchar_t* element) {
-    if (mgr == nullptr) {
-        DeliverMessage(Message::WriteNoManager());
-        return nullptr;
-    }
-    JSONNode* node = mgr->AddElement(parent, element, ZELT_ADD_OBJECT);
+bool HasWriteManager(IJSONManager* mgr) {
+    if (mgr != nullptr) return true;
+    DeliverMessage(Message::WriteNoManager());
+    return false;
+}
+
+JSONNode* ElementNodeOrMessage(JSONNode* node, const wchar_t* element) {
     if (node == nullptr) DeliverMessage(Message::ElementNodeMissing(element));
     return node;
+}
+
+JSONNode* CreateElementNode(IJSONManager* mgr, JSONNode* parent, const wchar_t* element) {
+    if (!HasWriteManager(mgr)) return nullptr;
+    return ElementNodeOrMessage(mgr->AddElement(parent, element, ZELT_ADD_OBJECT), element);
 }
 
 bool MemberWriter::WriteDWORD(const wchar_t* key, DWORD value) {

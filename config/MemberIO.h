@@ -32,6 +32,12 @@ enum class StringRead {
 StringRead ReadStringInTwoSteps(IJSONManager* mgr, JSONNode* node, const wchar_t* key,
                                 std::wstring& out);
 
+// Whether there is a manager to write to; without one the message has been
+// delivered.
+bool HasWriteManager(IJSONManager* mgr);
+// Gives back node; when it is null, after delivering the message that
+// element's node is missing.
+JSONNode* ElementNodeOrMessage(JSONNode* node, const wchar_t* element);
 // Checks the manager and adds the element's own object under parent. Returns
 // null after delivering the message when either is missing.
 JSONNode* CreateElementNode(IJSONManager* mgr, JSONNode* parent, const wchar_t* element);

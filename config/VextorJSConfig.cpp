@@ -3,15 +3,11 @@
 namespace VextorJSConfig {
 
 JSONNode* CVextorJSConfig::CreateNode(IJSONManager* mgr, JSONNode* /*parent*/) {
-    if (mgr == nullptr) {
-        DeliverMessage(Message::WriteNoManager());
-        return nullptr;
-    }
+    if (!HasWriteManager(mgr)) return nullptr;
     // The manager's previous document is gone from here on, whether or not
     // the rest of the write succeeds.
     JSONNode* node = mgr->CreateNewDocument() == ZELT_SUCCESS ? mgr->GetRootElement() : nullptr;
-    if (node == nullptr) DeliverMessage(Message::ElementNodeMissing(kName));
-    return node;
+    return ElementNodeOrMessage(node, kName);
 }
 
 // The reserved pair holds no member: nothing is ever present there.
