@@ -5,10 +5,10 @@
 // - kName, the element's own key (and the name in its failure messages);
 // - Members(), a constexpr tuple of KeyedMember(key, &Element::member), one
 //   for each member in write order, which is also the read order; it is the
-//   only place that names the member's key. The member's type
-//   tells its kind (ElementMembers.h): DWORD and std::wstring are required,
-//   OptionalDWORD, OptionalString and OptionalChild optional, and any other
-//   type is a required child element;
+//   only place that names the member's key. The member's type tells its kind
+//   (ElementMembers.h): DWORD and std::wstring are required, OptionalDWORD,
+//   OptionalString and OptionalChild optional, and any other type is a
+//   required child element;
 // - optionally CreateNode(mgr, parent), when its own node is not an object
 //   added under parent (the root's is the top-level object of a new document,
 //   a list entry writes into the list's array itself);
@@ -17,9 +17,6 @@
 // The element's destructor resets it as Clear does before its members die,
 // which this base cannot do for it: by then they are gone. Copying an element
 // is CopyFrom's job alone.
-//
-// Each element's file instantiates its base explicitly after its Members();
-// its header declares that instantiation extern.
 #ifndef ZELT_CONFIG_ELEMENTBASE_H
 #define ZELT_CONFIG_ELEMENTBASE_H
 
@@ -65,7 +62,7 @@ public:
     ElementBase(const ElementBase&) = delete;
     ElementBase& operator=(const ElementBase&) = delete;
 
-    // The flag is not used; the list entries take theirs (StringLists.h).
+    // The flag is not used (a list passes each entry its position).
     int WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int flag) override;
     int ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) override;
     void Clear() override;
