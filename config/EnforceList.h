@@ -24,9 +24,9 @@ public:
 
     // The element's own key (ElementBase.h).
     static constexpr const wchar_t* kName = L"EnforceList";
-    // The members in write order, which is also the read order: "ProcessNames" before
-    //"DomainLists", the reverse of WhiteList's order. Only the list can fail the
-    // read; an unreadable string stays absent.
+    // The members in write order, which is also the read order:
+    // "ProcessNames" before "DomainLists", the reverse of WhiteList's order.
+    // Only the list can fail the read; an unreadable string stays absent.
     static constexpr auto Members() {
         return std::make_tuple(KeyedMember(CIPList::kName, &CEnforceList::ipList_),
                                KeyedMember(L"ProcessNames", &CEnforceList::processNames_),

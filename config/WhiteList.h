@@ -26,9 +26,9 @@ public:
 
     // The element's own key (ElementBase.h).
     static constexpr const wchar_t* kName = L"WhiteList";
-    // The members in write order, which is also the read order: "DomainLists" before
-    //"ProcessNames", the reverse of EnforceList's order. Only the lists can fail
-    // the read; an unreadable string stays absent.
+    // The members in write order, which is also the read order:
+    // "DomainLists" before "ProcessNames", the reverse of EnforceList's order.
+    // Only the lists can fail the read; an unreadable string stays absent.
     static constexpr auto Members() {
         return std::make_tuple(KeyedMember(CIPList::kName, &CWhiteList::ipList_),
                                KeyedMember(CVPNDescList::kName, &CWhiteList::vpnDescList_),
