@@ -55,9 +55,9 @@ public:
 
     // The element's own key (ElementBase.h).
     static constexpr const wchar_t* kName = L"Communication";
-    // The members in write order, which is also the read order. "AutoUpgradeQueryInterval"
-    // and "AutoupgradeURI" differ in case on purpose: the document format spells
-    // them so.
+    // The members in write order, which is also the read order.
+    // "AutoUpgradeQueryInterval" and "AutoupgradeURI" differ in case on
+    // purpose: the document format spells them so.
     static constexpr auto Members() {
         return std::make_tuple(
             KeyedMember(L"AutoUpgradeQueryInterval", &CCommunication::autoUpgradeQueryInterval_),
