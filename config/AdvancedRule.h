@@ -38,7 +38,7 @@ public:
             KeyedMember(L"BypassPrivateIP", &CAdvancedRule::bypassPrivateIP_),
             KeyedMember(L"BypassLocalIP", &CAdvancedRule::bypassLocalIP_));
     }
-    ~CAdvancedRule() override { CAdvancedRule::Clear(); }
+    ~CAdvancedRule() override;
 
 private:
     OptionalChild<CEnforceList> enforceList_;
@@ -47,6 +47,8 @@ private:
     OptionalDWORD bypassPrivateIP_;
     OptionalDWORD bypassLocalIP_;
 };
+
+extern template class ElementBase<CAdvancedRule, IAdvancedRule>;
 
 }  // namespace VextorJSConfig
 

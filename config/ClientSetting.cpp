@@ -2,6 +2,10 @@
 
 namespace VextorJSConfig {
 
+template class ElementBase<CClientSetting, IClientSetting>;
+
+CClientSetting::~CClientSetting() { CClientSetting::Clear(); }
+
 IClientSetting* ClientSetting_CreateNewInstance() {
     return NewClearedElement<IClientSetting, CClientSetting>();
 }

@@ -52,7 +52,7 @@ public:
                                KeyedMember(L"SafeMode", &CClientSetting::safeMode_),
                                KeyedMember(L"StatsPeriod", &CClientSetting::statsPeriod_));
     }
-    ~CClientSetting() override { CClientSetting::Clear(); }
+    ~CClientSetting() override;
 
 private:
     CCommunication communication_;
@@ -64,6 +64,8 @@ private:
     OptionalDWORD safeMode_;
     OptionalDWORD statsPeriod_;
 };
+
+extern template class ElementBase<CClientSetting, IClientSetting>;
 
 }  // namespace VextorJSConfig
 

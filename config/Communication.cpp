@@ -2,6 +2,10 @@
 
 namespace VextorJSConfig {
 
+template class ElementBase<CCommunication, ICommunication>;
+
+CCommunication::~CCommunication() { CCommunication::Clear(); }
+
 ICommunication* Communication_CreateNewInstance() {
     return NewClearedElement<ICommunication, CCommunication>();
 }

@@ -69,7 +69,7 @@ public:
             KeyedMember(L"ManagementQueryInterval", &CCommunication::managementQueryInterval_),
             KeyedMember(L"EnablePII", &CCommunication::enablePII_));
     }
-    ~CCommunication() override { CCommunication::Clear(); }
+    ~CCommunication() override;
 
 private:
     OptionalDWORD autoUpgradeQueryInterval_;
@@ -81,6 +81,8 @@ private:
     DWORD managementQueryInterval_ = 0;
     OptionalDWORD enablePII_;
 };
+
+extern template class ElementBase<CCommunication, ICommunication>;
 
 }  // namespace VextorJSConfig
 

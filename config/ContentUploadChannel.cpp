@@ -2,6 +2,10 @@
 
 namespace VextorJSConfig {
 
+template class ElementBase<CContentUploadChannel, IContentUploadChannel>;
+
+CContentUploadChannel::~CContentUploadChannel() { CContentUploadChannel::Clear(); }
+
 IContentUploadChannel* ContentUploadChannel_CreateNewInstance() {
     return NewClearedElement<IContentUploadChannel, CContentUploadChannel>();
 }

@@ -49,7 +49,7 @@ public:
             KeyedMember(L"FileTypesToBlock", &CContentUploadChannel::fileTypesToBlock_),
             KeyedMember(L"FileTypesToScan", &CContentUploadChannel::fileTypesToScan_));
     }
-    ~CContentUploadChannel() override { CContentUploadChannel::Clear(); }
+    ~CContentUploadChannel() override;
 
 private:
     OptionalChild<CClientRequestHeaders> clientRequestHeaders_;
@@ -57,6 +57,8 @@ private:
     OptionalString fileTypesToBlock_;
     OptionalString fileTypesToScan_;
 };
+
+extern template class ElementBase<CContentUploadChannel, IContentUploadChannel>;
 
 }  // namespace VextorJSConfig
 

@@ -17,6 +17,10 @@
 // The element's destructor resets it as Clear does before its members die,
 // which this base cannot do for it: by then they are gone. Copying an element
 // is CopyFrom's job alone.
+//
+// Each element's file instantiates its base explicitly, and defines its
+// destructor, so that the machinery and the virtual table are made once, in
+// that file; its header declares the instantiation extern.
 #ifndef ZELT_CONFIG_ELEMENTBASE_H
 #define ZELT_CONFIG_ELEMENTBASE_H
 

@@ -32,13 +32,15 @@ public:
                                KeyedMember(L"ProcessNames", &CEnforceList::processNames_),
                                KeyedMember(L"DomainLists", &CEnforceList::domainLists_));
     }
-    ~CEnforceList() override { CEnforceList::Clear(); }
+    ~CEnforceList() override;
 
 private:
     OptionalChild<CIPList> ipList_;
     OptionalString processNames_;
     OptionalString domainLists_;
 };
+
+extern template class ElementBase<CEnforceList, IEnforceList>;
 
 }  // namespace VextorJSConfig
 

@@ -43,7 +43,7 @@ public:
                                KeyedMember(L"WhiteList", &CHTTPS::whiteList_),
                                KeyedMember(L"WhiteListWithPorts", &CHTTPS::whiteListWithPorts_));
     }
-    ~CHTTPS() override { CHTTPS::Clear(); }
+    ~CHTTPS() override;
 
 private:
     DWORD inspectHostnameOnly_ = 0;
@@ -52,6 +52,8 @@ private:
     OptionalString whiteList_;
     OptionalString whiteListWithPorts_;
 };
+
+extern template class ElementBase<CHTTPS, IHTTPS>;
 
 }  // namespace VextorJSConfig
 

@@ -2,6 +2,10 @@
 
 namespace VextorJSConfig {
 
+template class ElementBase<CVextorJSConfig, IVextorJSConfig>;
+
+CVextorJSConfig::~CVextorJSConfig() { CVextorJSConfig::Clear(); }
+
 JSONNode* CVextorJSConfig::CreateNode(IJSONManager* mgr, JSONNode* /*parent*/) {
     if (!HasWriteManager(mgr)) return nullptr;
     // The manager's previous document is gone from here on, whether or not

@@ -66,7 +66,7 @@ public:
             KeyedMember(L"AdminPassword", &CVextorJSConfig::adminPassword_),
             KeyedMember(L"EnableTrayiconMenu", &CVextorJSConfig::enableTrayiconMenu_));
     }
-    ~CVextorJSConfig() override { CVextorJSConfig::Clear(); }
+    ~CVextorJSConfig() override;
 
 private:
     CClientSetting clientSetting_;
@@ -77,6 +77,8 @@ private:
     std::wstring adminPassword_;
     OptionalDWORD enableTrayiconMenu_;
 };
+
+extern template class ElementBase<CVextorJSConfig, IVextorJSConfig>;
 
 }  // namespace VextorJSConfig
 

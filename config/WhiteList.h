@@ -35,7 +35,7 @@ public:
                                KeyedMember(L"DomainLists", &CWhiteList::domainLists_),
                                KeyedMember(L"ProcessNames", &CWhiteList::processNames_));
     }
-    ~CWhiteList() override { CWhiteList::Clear(); }
+    ~CWhiteList() override;
 
 private:
     OptionalChild<CIPList> ipList_;
@@ -43,6 +43,8 @@ private:
     OptionalString domainLists_;
     OptionalString processNames_;
 };
+
+extern template class ElementBase<CWhiteList, IWhiteList>;
 
 }  // namespace VextorJSConfig
 
