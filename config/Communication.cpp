@@ -6,8 +6,4 @@ template class ElementBase<CCommunication, ICommunication>;
 
 CCommunication::~CCommunication() { CCommunication::Clear(); }
 
-ICommunication* Communication_CreateNewInstance() {
-    return NewClearedElement<ICommunication, CCommunication>();
-}
-
 }  // namespace VextorJSConfig

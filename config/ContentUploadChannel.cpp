@@ -6,8 +6,4 @@ template class ElementBase<CContentUploadChannel, IContentUploadChannel>;
 
 CContentUploadChannel::~CContentUploadChannel() { CContentUploadChannel::Clear(); }
 
-IContentUploadChannel* ContentUploadChannel_CreateNewInstance() {
-    return NewClearedElement<IContentUploadChannel, CContentUploadChannel>();
-}
-
 }  // namespace VextorJSConfig

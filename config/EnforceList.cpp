@@ -6,8 +6,4 @@ template class ElementBase<CEnforceList, IEnforceList>;
 
 CEnforceList::~CEnforceList() { CEnforceList::Clear(); }
 
-IEnforceList* EnforceList_CreateNewInstance() {
-    return NewClearedElement<IEnforceList, CEnforceList>();
-}
-
 }  // namespace VextorJSConfig

@@ -138,18 +138,13 @@ template class StringList<IClientRequestHeaders, IClientRequestHeadersArray,
 template class StringList<IIPList, IIPListArray, CIPListArray, IPListNames>;
 template class StringList<IVPNDescList, IVPNDescListArray, CVPNDescListArray, VPNDescListNames>;
 
-IClientRequestHeaders* ClientRequestHeaders_CreateNewInstance() {
-    return NewClearedElement<IClientRequestHeaders, CClientRequestHeaders>();
-}
+// The entries' factories stay here, beside the lists that make entries: made
+// in this file only, an entry's machinery (ElementBase.h) is made once.
 IClientRequestHeadersArray* ClientRequestHeadersArray_CreateNewInstance() {
     return NewClearedElement<IClientRequestHeadersArray, CClientRequestHeadersArray>();
 }
-IIPList* IPList_CreateNewInstance() { return NewClearedElement<IIPList, CIPList>(); }
 IIPListArray* IPListArray_CreateNewInstance() {
     return NewClearedElement<IIPListArray, CIPListArray>();
-}
-IVPNDescList* VPNDescList_CreateNewInstance() {
-    return NewClearedElement<IVPNDescList, CVPNDescList>();
 }
 IVPNDescListArray* VPNDescListArray_CreateNewInstance() {
     return NewClearedElement<IVPNDescListArray, CVPNDescListArray>();

@@ -19,8 +19,4 @@ int CVextorJSConfig::ReservedSlot20(DWORD* /*out*/) const { return ZELT_NOT_PRES
 
 void CVextorJSConfig::ReservedSlot21(const DWORD* /*value*/) {}
 
-IVextorJSConfig* VextorJSConfig_CreateNewInstance() {
-    return NewClearedElement<IVextorJSConfig, CVextorJSConfig>();
-}
-
 }  // namespace VextorJSConfig

@@ -6,6 +6,4 @@ template class ElementBase<CWhiteList, IWhiteList>;
 
 CWhiteList::~CWhiteList() { CWhiteList::Clear(); }
 
-IWhiteList* WhiteList_CreateNewInstance() { return NewClearedElement<IWhiteList, CWhiteList>(); }
-
 }  // namespace VextorJSConfig
