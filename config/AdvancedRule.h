@@ -2,7 +2,7 @@
 #ifndef ZELT_CONFIG_ADVANCEDRULE_H
 #define ZELT_CONFIG_ADVANCEDRULE_H
 
-#include "config/ElementMembers.h"
+#include "config/ElementBase.h"
 #include "config/EnforceList.h"
 #include "config/WhiteList.h"
 
@@ -10,42 +10,45 @@
 
 namespace VextorJSConfig {
 
-class CAdvancedRule final : public IAdvancedRule {
+class CAdvancedRule final : public ElementBase<CAdvancedRule, IAdvancedRule> {
 public:
-    CAdvancedRule() = default;
+    int GetEnforceList(IEnforceList** out) override { return GetOptional(enforceList_, out); }
+    void SetEnforceList(const IEnforceList* value) override { SetOptional(enforceList_, value); }
+    int GetWhiteList(IWhiteList** out) override { return GetOptional(whiteList_, out); }
+    void SetWhiteList(const IWhiteList* value) override { SetOptional(whiteList_, value); }
+    int GetEnforceProxyServer(DWORD* out) const override {
+        return GetOptional(enforceProxyServer_, out);
+    }
+    void SetEnforceProxyServer(const DWORD* value) override {
+        SetOptional(enforceProxyServer_, value);
+    }
+    int GetBypassPrivateIP(DWORD* out) const override { return GetOptional(bypassPrivateIP_, out); }
+    void SetBypassPrivateIP(const DWORD* value) override { SetOptional(bypassPrivateIP_, value); }
+    int GetBypassLocalIP(DWORD* out) const override { return GetOptional(bypassLocalIP_, out); }
+    void SetBypassLocalIP(const DWORD* value) override { SetOptional(bypassLocalIP_, value); }
+
+    // The element's own key (ElementBase.h).
+    static constexpr const wchar_t* kName = L"AdvancedRule";
+    // The members in write order, which is also the read order.
+    static constexpr auto Members() {
+        return std::make_tuple(
+            KeyedMember(CEnforceList::kName, &CAdvancedRule::enforceList_),
+            KeyedMember(CWhiteList::kName, &CAdvancedRule::whiteList_),
+            KeyedMember(L"EnforceProxyServer", &CAdvancedRule::enforceProxyServer_),
+            KeyedMember(L"BypassPrivateIP", &CAdvancedRule::bypassPrivateIP_),
+            KeyedMember(L"BypassLocalIP", &CAdvancedRule::bypassLocalIP_));
+    }
     ~CAdvancedRule() override;
-    CAdvancedRule(const CAdvancedRule&) = delete;
-    CAdvancedRule& operator=(const CAdvancedRule&) = delete;
-
-    int WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int flag) override;
-    int ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) override;
-    void Clear() override;
-    IAdvancedRule& CopyFrom(const IAdvancedRule& other) override;
-
-    int GetEnforceList(IEnforceList** out) override;
-    void SetEnforceList(const IEnforceList* value) override;
-    int GetWhiteList(IWhiteList** out) override;
-    void SetWhiteList(const IWhiteList* value) override;
-    int GetEnforceProxyServer(DWORD* out) const override;
-    void SetEnforceProxyServer(const DWORD* value) override;
-    int GetBypassPrivateIP(DWORD* out) const override;
-    void SetBypassPrivateIP(const DWORD* value) override;
-    int GetBypassLocalIP(DWORD* out) const override;
-    void SetBypassLocalIP(const DWORD* value) override;
 
 private:
-    template <class Steps>
-    bool VisitMembers(Steps& steps);
-
-    // In write order. A child may keep content while its flag is 0.
-    CEnforceList enforceList_;
-    DWORD enforceListPresent_ = 0;
-    CWhiteList whiteList_;
-    DWORD whiteListPresent_ = 0;
+    OptionalChild<CEnforceList> enforceList_;
+    OptionalChild<CWhiteList> whiteList_;
     OptionalDWORD enforceProxyServer_;
     OptionalDWORD bypassPrivateIP_;
     OptionalDWORD bypassLocalIP_;
 };
+
+extern template class ElementBase<CAdvancedRule, IAdvancedRule>;
 
 }  // namespace VextorJSConfig
 

@@ -3,47 +3,58 @@
 #define ZELT_CONFIG_CLIENTSETTING_H
 
 #include "config/Communication.h"
-#include "config/ElementMembers.h"
+#include "config/ElementBase.h"
 #include "config/HTTPS.h"
 
 #include <zelt/ClientSetting.h>
 
 namespace VextorJSConfig {
 
-class CClientSetting final : public IClientSetting {
+class CClientSetting final : public ElementBase<CClientSetting, IClientSetting> {
 public:
-    CClientSetting() = default;
-    ~CClientSetting() override;
-    CClientSetting(const CClientSetting&) = delete;
-    CClientSetting& operator=(const CClientSetting&) = delete;
-
-    int WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int flag) override;
-    int ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) override;
-    void Clear() override;
-    IClientSetting& CopyFrom(const IClientSetting& other) override;
-
     ICommunication* GetCommunication() override { return &communication_; }
-    int SetCommunication(const ICommunication* value) override;
+    int SetCommunication(const ICommunication* value) override {
+        return SetRequired<&CClientSetting::communication_>(value);
+    }
     IHTTPS* GetHTTPS() override { return &https_; }
-    int SetHTTPS(const IHTTPS* value) override;
+    int SetHTTPS(const IHTTPS* value) override {
+        return SetRequired<&CClientSetting::https_>(value);
+    }
     DWORD GetContentUpload() const override { return contentUpload_; }
-    int SetContentUpload(const DWORD* value) override;
-    int GetFailOpen(DWORD* out) const override;
-    void SetFailOpen(const DWORD* value) override;
+    int SetContentUpload(const DWORD* value) override {
+        return SetRequired<&CClientSetting::contentUpload_>(value);
+    }
+    int GetFailOpen(DWORD* out) const override { return GetOptional(failOpen_, out); }
+    void SetFailOpen(const DWORD* value) override { SetOptional(failOpen_, value); }
     DWORD GetLogUpload() const override { return logUpload_; }
-    int SetLogUpload(const DWORD* value) override;
+    int SetLogUpload(const DWORD* value) override {
+        return SetRequired<&CClientSetting::logUpload_>(value);
+    }
     DWORD GetURLLocalCache() const override { return urlLocalCache_; }
-    int SetURLLocalCache(const DWORD* value) override;
-    int GetSafeMode(DWORD* out) const override;
-    void SetSafeMode(const DWORD* value) override;
-    int GetStatsPeriod(DWORD* out) const override;
-    void SetStatsPeriod(const DWORD* value) override;
+    int SetURLLocalCache(const DWORD* value) override {
+        return SetRequired<&CClientSetting::urlLocalCache_>(value);
+    }
+    int GetSafeMode(DWORD* out) const override { return GetOptional(safeMode_, out); }
+    void SetSafeMode(const DWORD* value) override { SetOptional(safeMode_, value); }
+    int GetStatsPeriod(DWORD* out) const override { return GetOptional(statsPeriod_, out); }
+    void SetStatsPeriod(const DWORD* value) override { SetOptional(statsPeriod_, value); }
+
+    // The element's own key (ElementBase.h).
+    static constexpr const wchar_t* kName = L"ClientSetting";
+    // The members in write order, which is also the read order: the children first.
+    static constexpr auto Members() {
+        return std::make_tuple(KeyedMember(CCommunication::kName, &CClientSetting::communication_),
+                               KeyedMember(CHTTPS::kName, &CClientSetting::https_),
+                               KeyedMember(L"ContentUpload", &CClientSetting::contentUpload_),
+                               KeyedMember(L"FailOpen", &CClientSetting::failOpen_),
+                               KeyedMember(L"LogUpload", &CClientSetting::logUpload_),
+                               KeyedMember(L"URLLocalCache", &CClientSetting::urlLocalCache_),
+                               KeyedMember(L"SafeMode", &CClientSetting::safeMode_),
+                               KeyedMember(L"StatsPeriod", &CClientSetting::statsPeriod_));
+    }
+    ~CClientSetting() override;
 
 private:
-    template <class Steps>
-    bool VisitMembers(Steps& steps);
-
-    // In write order: the children first.
     CCommunication communication_;
     CHTTPS https_;
     DWORD contentUpload_ = 0;
@@ -53,6 +64,8 @@ private:
     OptionalDWORD safeMode_;
     OptionalDWORD statsPeriod_;
 };
+
+extern template class ElementBase<CClientSetting, IClientSetting>;
 
 }  // namespace VextorJSConfig
 

@@ -9,14 +9,14 @@ int SetRequiredDWORD(DWORD& member, const DWORD* value, const wchar_t* element,
     return ZELT_SUCCESS;
 }
 
-void SetOptionalDWORD(OptionalDWORD& member, const DWORD* value) {
+void SetOptional(OptionalDWORD& member, const DWORD* value) {
     member.Clear();
     if (value == nullptr) return;
     member.value = *value;
     member.present = 1;
 }
 
-int GetOptionalDWORD(const OptionalDWORD& member, DWORD* out) {
+int GetOptional(const OptionalDWORD& member, DWORD* out) {
     if (member.present == 0) return ZELT_NOT_PRESENT;
     *out = member.value;
     return ZELT_SUCCESS;
@@ -30,14 +30,14 @@ int SetRequiredString(std::wstring& member, const std::wstring* value, const wch
     return ZELT_SUCCESS;
 }
 
-void SetOptionalString(OptionalString& member, const std::wstring* value) {
+void SetOptional(OptionalString& member, const std::wstring* value) {
     member.Clear();
     if (value == nullptr) return;
     member.present = 1;
     if (value != &member.value) member.value = *value;
 }
 
-int GetOptionalString(const OptionalString& member, std::wstring* out) {
+int GetOptional(const OptionalString& member, std::wstring* out) {
     if (member.present == 0) return ZELT_NOT_PRESENT;
     if (out != &member.value) *out = member.value;
     return ZELT_SUCCESS;

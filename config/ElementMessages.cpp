@@ -1,6 +1,6 @@
 #include "config/ElementMessages.h"
 
-#include "manager/DebugDump.h"
+#include "diagnostics/DebugDumpCallback.h"
 
 #include <zelt/Types.h>
 

@@ -1,8 +1,10 @@
 // ElementMessages.h: the failure messages of the configuration elements and
 // their delivery to the debug dump callback.
 //
-// Every text begins "JSONManager: " and is built here from its parts, so the
-// wording (including its double blanks and its "parama") exists once.
+// Contract: the texts are fixed by the binary contract, word for word: the
+// agent's logs are read by them. Every text begins "JSONManager: " and is
+// built here from its parts, so the wording (including its double blanks and
+// its "parama") exists once.
 #ifndef ZELT_CONFIG_ELEMENTMESSAGES_H
 #define ZELT_CONFIG_ELEMENTMESSAGES_H
 

@@ -7,10 +7,6 @@
 namespace VextorJSConfig {
 
 namespace {
-// Type codes of AddElement that give back the parent itself for an attribute.
-constexpr int kStringAttributeCode = 3;
-constexpr int kDWORDAttributeCode = 4;
-constexpr int kObjectCode = 0;
 constexpr int kFirstBufferLength = 1024;
 
 // The text up to its terminator, never past the buffer's end.
@@ -44,23 +40,29 @@ StringRead ReadStringInTwoSteps(IJSONManager* mgr, JSONNode* node, const wchar_t
     return StringRead::Read;
 }
 
-JSONNode* CreateElementNode(IJSONManager* mgr, JSONNode* parent, const wchar_t* element) {
-    if (mgr == nullptr) {
-        DeliverMessage(Message::WriteNoManager());
-        return nullptr;
-    }
-    JSONNode* node = mgr->AddElement(parent, element, kObjectCode);
+bool HasWriteManager(IJSONManager* mgr) {
+    if (mgr != nullptr) return true;
+    DeliverMessage(Message::WriteNoManager());
+    return false;
+}
+
+JSONNode* ElementNodeOrMessage(JSONNode* node, const wchar_t* element) {
     if (node == nullptr) DeliverMessage(Message::ElementNodeMissing(element));
     return node;
 }
 
+JSONNode* CreateElementNode(IJSONManager* mgr, JSONNode* parent, const wchar_t* element) {
+    if (!HasWriteManager(mgr)) return nullptr;
+    return ElementNodeOrMessage(mgr->AddElement(parent, element, ZELT_ADD_OBJECT), element);
+}
+
 bool MemberWriter::WriteDWORD(const wchar_t* key, DWORD value) {
-    JSONNode* target = mgr_->AddElement(node_, key, kDWORDAttributeCode);
+    JSONNode* target = mgr_->AddElement(node_, key, ZELT_ADD_PARENT_FOR_DWORD);
     return mgr_->SetDWORDAttribute(target, key, value) == ZELT_SUCCESS;
 }
 
 bool MemberWriter::WriteString(const wchar_t* key, const std::wstring& value) {
-    JSONNode* target = mgr_->AddElement(node_, key, kStringAttributeCode);
+    JSONNode* target = mgr_->AddElement(node_, key, ZELT_ADD_PARENT_FOR_STRING);
     return mgr_->SetStringAttribute(target, key, value.c_str()) == ZELT_SUCCESS;
 }
 

@@ -1,11 +1,12 @@
 // MemberIO.h: the write and read steps that every element performs on its
 // members, over the manager's interface.
 //
-// An element's WriteToJSONMgr creates its node with CreateElementNode and then
-// chains MemberWriter calls in member order; its ReadFromJSONMgr checks the
-// manager, clears itself, chains MemberReader calls in member order and ends
-// with FinishRead. Each call that fails has already delivered its message and
-// returns false, so the chain stops at the first failure.
+// An element's WriteToJSONMgr (ElementBase.h) creates its node with
+// CreateElementNode and then chains MemberWriter calls in member order; its
+// ReadFromJSONMgr checks the manager, clears itself, chains MemberReader calls
+// in member order and ends with FinishRead. Each call that fails has already
+// delivered its message and returns false, so the chain stops at the first
+// failure.
 #ifndef ZELT_CONFIG_MEMBERIO_H
 #define ZELT_CONFIG_MEMBERIO_H
 
@@ -31,6 +32,12 @@ enum class StringRead {
 StringRead ReadStringInTwoSteps(IJSONManager* mgr, JSONNode* node, const wchar_t* key,
                                 std::wstring& out);
 
+// Whether there is a manager to write to; without one the message has been
+// delivered.
+bool HasWriteManager(IJSONManager* mgr);
+// Gives back node; when it is null, after delivering the message that
+// element's node is missing.
+JSONNode* ElementNodeOrMessage(JSONNode* node, const wchar_t* element);
 // Checks the manager and adds the element's own object under parent. Returns
 // null after delivering the message when either is missing.
 JSONNode* CreateElementNode(IJSONManager* mgr, JSONNode* parent, const wchar_t* element);
@@ -105,6 +112,33 @@ private:
     JSONNode* node_;
     const wchar_t* element_;
 };
+
+// Hands one member to the writer's or reader's step of its kind; the member's
+// type tells the kind.
+template <class Steps>
+bool TakeStep(Steps& steps, const wchar_t* key, DWORD& member) {
+    return steps.RequiredDWORD(key, member);
+}
+template <class Steps>
+bool TakeStep(Steps& steps, const wchar_t* key, VextorJSConfig::OptionalDWORD& member) {
+    return steps.OptionalDWORD(key, member);
+}
+template <class Steps>
+bool TakeStep(Steps& steps, const wchar_t* key, std::wstring& member) {
+    return steps.RequiredString(key, member);
+}
+template <class Steps>
+bool TakeStep(Steps& steps, const wchar_t* key, VextorJSConfig::OptionalString& member) {
+    return steps.OptionalString(key, member);
+}
+template <class Steps, class Child>
+bool TakeStep(Steps& steps, const wchar_t* key, VextorJSConfig::OptionalChild<Child>& member) {
+    return steps.OptionalChild(key, member.element, member.present);
+}
+template <class Steps, class Child>
+bool TakeStep(Steps& steps, const wchar_t* key, Child& child) {
+    return steps.RequiredChild(key, child);
+}
 
 // Ends a read: a failed one leaves the element cleared, never half-filled.
 template <class Element>

@@ -8,64 +8,6 @@
 
 namespace VextorJSConfig {
 
-namespace {
-constexpr const wchar_t* kStringValueKey = L"StringValue";
-// Type code of AddElement that creates an array member.
-constexpr int kArrayCode = 1;
-}  // namespace
-
-// Entry ---------------------------------------------------------------------
-
-template <class Interface, class Names>
-StringListEntry<Interface, Names>::~StringListEntry() {
-    StringListEntry::Clear();
-}
-
-template <class Interface, class Names>
-int StringListEntry<Interface, Names>::WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent,
-                                                      int /*flag*/) {
-    if (mgr == nullptr) return ReportFailure(Message::WriteNoManager());
-    if (parent == nullptr) return ReportFailure(Message::ElementNodeMissing(Names::kEntry));
-    // Under an array the string is appended as a bare item; under an object
-    // it becomes the member "StringValue".
-    MemberWriter write(mgr, parent, Names::kEntry);
-    return write.RequiredString(kStringValueKey, stringValue_) ? ZELT_SUCCESS : ZELT_FAILED;
-}
-
-template <class Interface, class Names>
-int StringListEntry<Interface, Names>::ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) {
-    if (mgr == nullptr) return ReportFailure(Message::ReadNoManager());
-    Clear();
-    // The manager takes a string item as the value itself and looks up
-    // "StringValue" in an object item, so both item forms read.
-    MemberReader read(mgr, node, Names::kEntry);
-    return FinishRead(*this, read.RequiredString(kStringValueKey, stringValue_));
-}
-
-template <class Interface, class Names>
-void StringListEntry<Interface, Names>::Clear() {
-    this->ElementType = ELEMENT_TYPE_LIST_ENTRY;
-    stringValue_.clear();
-}
-
-template <class Interface, class Names>
-Interface& StringListEntry<Interface, Names>::CopyFrom(const Interface& other) {
-    if (&other == this) return *this;
-    this->Clear();
-    stringValue_ = static_cast<const StringListEntry&>(other).stringValue_;
-    return *this;
-}
-
-template <class Interface, class Names>
-const std::wstring* StringListEntry<Interface, Names>::GetStringValue() const {
-    return &stringValue_;
-}
-
-template <class Interface, class Names>
-int StringListEntry<Interface, Names>::SetStringValue(const std::wstring* value) {
-    return SetRequiredString(stringValue_, value, Names::kEntry, kStringValueKey);
-}
-
 // List ----------------------------------------------------------------------
 
 template <class Interface, class EntryInterface, class Entry, class Names>
@@ -81,7 +23,7 @@ int StringList<Interface, EntryInterface, Entry, Names>::WriteToJSONMgr(IJSONMan
     if (parent == nullptr) return ReportFailure(Message::ElementNodeMissing(Names::kList));
     if (entries_.empty()) return ZELT_SUCCESS;
 
-    JSONNode* array = mgr->AddElement(parent, Names::kList, kArrayCode);
+    JSONNode* array = mgr->AddElement(parent, Names::kList, ZELT_ADD_ARRAY);
     if (array == nullptr) return ReportFailure(Message::ElementNodeMissing(Names::kList));
     // Each entry receives its 1-based position as the flag.
     int position = 1;
@@ -191,26 +133,18 @@ std::unique_ptr<Entry> StringList<Interface, EntryInterface, Entry, Names>::Copy
 
 // The three lists -------------------------------------------------------------
 
-template class StringListEntry<IClientRequestHeadersArray, ClientRequestHeadersNames>;
 template class StringList<IClientRequestHeaders, IClientRequestHeadersArray,
                           CClientRequestHeadersArray, ClientRequestHeadersNames>;
-template class StringListEntry<IIPListArray, IPListNames>;
 template class StringList<IIPList, IIPListArray, CIPListArray, IPListNames>;
-template class StringListEntry<IVPNDescListArray, VPNDescListNames>;
 template class StringList<IVPNDescList, IVPNDescListArray, CVPNDescListArray, VPNDescListNames>;
 
-IClientRequestHeaders* ClientRequestHeaders_CreateNewInstance() {
-    return NewClearedElement<IClientRequestHeaders, CClientRequestHeaders>();
-}
+// The entries' factories stay here, beside the lists that make entries: made
+// in this file only, an entry's machinery (ElementBase.h) is made once.
 IClientRequestHeadersArray* ClientRequestHeadersArray_CreateNewInstance() {
     return NewClearedElement<IClientRequestHeadersArray, CClientRequestHeadersArray>();
 }
-IIPList* IPList_CreateNewInstance() { return NewClearedElement<IIPList, CIPList>(); }
 IIPListArray* IPListArray_CreateNewInstance() {
     return NewClearedElement<IIPListArray, CIPListArray>();
-}
-IVPNDescList* VPNDescList_CreateNewInstance() {
-    return NewClearedElement<IVPNDescList, CVPNDescList>();
 }
 IVPNDescListArray* VPNDescListArray_CreateNewInstance() {
     return NewClearedElement<IVPNDescListArray, CVPNDescListArray>();

@@ -1,15 +1,19 @@
 // StringLists.h: the one implementation behind the three string lists and
 // their entries.
 //
-// StringListEntry holds one string; StringList owns an ordered sequence of
-// entries and reads and writes them as a JSON array of strings. Both are
-// instantiated once per list; a Names struct supplies the list's JSON key and
-// the entry's name, which is all that tells the three apart (the key and the
-// names in the failure messages). The member functions are instantiated in
+// StringListEntry holds one string and is an element like the others
+// (ElementBase.h); StringList owns an ordered sequence of entries and reads
+// and writes them as a JSON array of strings. Both are instantiated once per
+// list; a Names struct supplies the list's JSON key and the entry's name,
+// which is all that tells the three apart (the key and the names in the
+// failure messages). The list's member functions are instantiated in
 // StringLists.cpp.
 #ifndef ZELT_CONFIG_STRINGLISTS_H
 #define ZELT_CONFIG_STRINGLISTS_H
 
+#include "config/ElementBase.h"
+
+#include <zelt/Element.h>
 #include <zelt/JSONManager.h>
 #include <zelt/StringLists.h>
 #include <zelt/Types.h>
@@ -37,20 +41,30 @@ struct VPNDescListNames {
 
 // One entry: a required string member "StringValue". Inside a list it is a
 // bare string item of the array; written under an object it becomes the
-// member "StringValue", and both forms read back.
+// member "StringValue", and both forms read back: the manager takes a string
+// item as the value itself and looks up "StringValue" in an object item.
 template <class Interface, class Names>
-class StringListEntry : public Interface {
+class StringListEntry : public ElementBase<StringListEntry<Interface, Names>, Interface> {
 public:
-    StringListEntry() = default;
-    ~StringListEntry() override;
+    const std::wstring* GetStringValue() const override { return &stringValue_; }
+    int SetStringValue(const std::wstring* value) override {
+        return this->template SetRequired<&StringListEntry::stringValue_>(value);
+    }
 
-    int WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int flag) override;
-    int ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) override;
-    void Clear() override;
-    Interface& CopyFrom(const Interface& other) override;
-
-    const std::wstring* GetStringValue() const override;
-    int SetStringValue(const std::wstring* value) override;
+    // The entry's name in the failure messages (ElementBase.h).
+    static constexpr const wchar_t* kName = Names::kEntry;
+    static constexpr DWORD kElementType = ELEMENT_TYPE_LIST_ENTRY;
+    static constexpr auto Members() {
+        return std::make_tuple(KeyedMember(L"StringValue", &StringListEntry::stringValue_));
+    }
+    // An entry has no node of its own: it writes into its parent, the list's
+    // array, where the string is appended as a bare item (under an object it
+    // becomes the member "StringValue"). The parent must be given.
+    static JSONNode* CreateNode(IJSONManager* mgr, JSONNode* parent) {
+        if (!HasWriteManager(mgr)) return nullptr;
+        return ElementNodeOrMessage(parent, kName);
+    }
+    ~StringListEntry() override { StringListEntry::Clear(); }
 
 private:
     std::wstring stringValue_;
@@ -61,7 +75,9 @@ private:
 template <class Interface, class EntryInterface, class Entry, class Names>
 class StringList : public Interface {
 public:
-    StringList() = default;
+    // The list's key in its parent element.
+    static constexpr const wchar_t* kName = Names::kList;
+
     ~StringList() override;
 
     int WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int flag) override;
@@ -97,12 +113,9 @@ class CVPNDescListArray final : public StringListEntry<IVPNDescListArray, VPNDes
 class CVPNDescList final
     : public StringList<IVPNDescList, IVPNDescListArray, CVPNDescListArray, VPNDescListNames> {};
 
-extern template class StringListEntry<IClientRequestHeadersArray, ClientRequestHeadersNames>;
 extern template class StringList<IClientRequestHeaders, IClientRequestHeadersArray,
                                  CClientRequestHeadersArray, ClientRequestHeadersNames>;
-extern template class StringListEntry<IIPListArray, IPListNames>;
 extern template class StringList<IIPList, IIPListArray, CIPListArray, IPListNames>;
-extern template class StringListEntry<IVPNDescListArray, VPNDescListNames>;
 extern template class StringList<IVPNDescList, IVPNDescListArray, CVPNDescListArray,
                                  VPNDescListNames>;
 

@@ -2,50 +2,49 @@
 #ifndef ZELT_CONFIG_WHITELIST_H
 #define ZELT_CONFIG_WHITELIST_H
 
-#include "config/ElementMembers.h"
+#include "config/ElementBase.h"
 #include "config/StringLists.h"
 
-#include <zelt/JSONManager.h>
-#include <zelt/Types.h>
 #include <zelt/WhiteList.h>
 
 #include <string>
 
 namespace VextorJSConfig {
 
-class CWhiteList final : public IWhiteList {
+class CWhiteList final : public ElementBase<CWhiteList, IWhiteList> {
 public:
-    CWhiteList() = default;
+    int GetIPList(IIPList** out) override { return GetOptional(ipList_, out); }
+    void SetIPList(const IIPList* value) override { SetOptional(ipList_, value); }
+    int GetVPNDescList(IVPNDescList** out) override { return GetOptional(vpnDescList_, out); }
+    void SetVPNDescList(const IVPNDescList* value) override { SetOptional(vpnDescList_, value); }
+    int GetDomainLists(std::wstring* out) const override { return GetOptional(domainLists_, out); }
+    void SetDomainLists(const std::wstring* value) override { SetOptional(domainLists_, value); }
+    int GetProcessNames(std::wstring* out) const override {
+        return GetOptional(processNames_, out);
+    }
+    void SetProcessNames(const std::wstring* value) override { SetOptional(processNames_, value); }
+
+    // The element's own key (ElementBase.h).
+    static constexpr const wchar_t* kName = L"WhiteList";
+    // The members in write order, which is also the read order:
+    // "DomainLists" before "ProcessNames", the reverse of EnforceList's order.
+    // Only the lists can fail the read; an unreadable string stays absent.
+    static constexpr auto Members() {
+        return std::make_tuple(KeyedMember(CIPList::kName, &CWhiteList::ipList_),
+                               KeyedMember(CVPNDescList::kName, &CWhiteList::vpnDescList_),
+                               KeyedMember(L"DomainLists", &CWhiteList::domainLists_),
+                               KeyedMember(L"ProcessNames", &CWhiteList::processNames_));
+    }
     ~CWhiteList() override;
 
-    int WriteToJSONMgr(IJSONManager* mgr, JSONNode* parent, int flag) override;
-    int ReadFromJSONMgr(IJSONManager* mgr, JSONNode* node) override;
-    void Clear() override;
-    IWhiteList& CopyFrom(const IWhiteList& other) override;
-
-    int GetIPList(IIPList** out) override;
-    void SetIPList(const IIPList* value) override;
-    int GetVPNDescList(IVPNDescList** out) override;
-    void SetVPNDescList(const IVPNDescList* value) override;
-    int GetDomainLists(std::wstring* out) const override;
-    void SetDomainLists(const std::wstring* value) override;
-    int GetProcessNames(std::wstring* out) const override;
-    void SetProcessNames(const std::wstring* value) override;
-
 private:
-    template <class Steps>
-    bool VisitMembers(Steps& steps);
-
-    // In the order of writing and reading: "DomainLists" before
-    // "ProcessNames", the reverse of EnforceList's order. A list whose flag
-    // is 0 may still hold entries.
-    CIPList ipList_;
-    DWORD ipListPresent_ = 0;
-    CVPNDescList vpnDescList_;
-    DWORD vpnDescListPresent_ = 0;
+    OptionalChild<CIPList> ipList_;
+    OptionalChild<CVPNDescList> vpnDescList_;
     OptionalString domainLists_;
     OptionalString processNames_;
 };
+
+extern template class ElementBase<CWhiteList, IWhiteList>;
 
 }  // namespace VextorJSConfig
 

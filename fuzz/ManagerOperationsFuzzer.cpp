@@ -175,20 +175,20 @@ private:
         // An object under a parent that can hold none is attached nowhere and
         // kept as intended; its leak is the unit tests' business, and naming
         // it in leak reports needs the slow unwinder.
-        if (type == 0 && kind != json_type_object && kind != json_type_array) return;
+        if (type == ZELT_ADD_OBJECT && kind != json_type_object && kind != json_type_array) return;
         JSONNode* added = manager_->AddElement(parent, name, type);
-        if (name == nullptr || type < 0 || type > 4) {
+        if (name == nullptr || type < ZELT_ADD_OBJECT || type > ZELT_ADD_PARENT_FOR_DWORD) {
             FUZZ_CHECK(added == nullptr);
             return;
         }
-        if (type >= 3) {
+        if (type == ZELT_ADD_PARENT_FOR_STRING || type == ZELT_ADD_PARENT_FOR_DWORD) {
             FUZZ_CHECK(added == nullptr || added == target);
             return;
         }
         // A new member replaces one of the same name, and frees it.
         if (kind == json_type_object) DropHandles();
         if (added == nullptr) return;
-        if (type == 0) {
+        if (type == ZELT_ADD_OBJECT) {
             FUZZ_CHECK(Kind(added) == json_type_object);
         } else {
             FUZZ_CHECK(kind == json_type_object && Kind(added) == json_type_array);

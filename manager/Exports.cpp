@@ -1,5 +1,5 @@
 // The library's exported entry points of the manager family.
-#include "manager/DebugDump.h"
+#include "diagnostics/DebugDumpCallback.h"
 #include "manager/JSONManager.h"
 
 #include <new>
@@ -10,7 +10,7 @@ IJSONManager* zeltCreateJSONManager(char* utf8Text, int length) {
     if (utf8Text == nullptr || length == 0) return manager;
     try {
         // A text that does not import still gives a manager, with no document.
-        manager->StoreLastResult(manager->CJSONManager::ImportFromJSONString(utf8Text, length));
+        manager->CJSONManager::ImportFromJSONString(utf8Text, length);
     } catch (...) {
         delete manager;
         throw;

@@ -24,13 +24,6 @@ namespace {
 constexpr std::size_t kAddedNameBytes = 260;
 constexpr std::size_t kLookedUpNameBytes = 1024;
 
-// AddElement's own type codes.
-constexpr int kNewObject = 0;
-[[maybe_unused]] constexpr int kNewArray = 1;
-[[maybe_unused]] constexpr int kNewArrayAlternative = 2;
-constexpr int kParentItself = 3;
-constexpr int kParentItselfAlternative = 4;
-
 json_object* AsJSON(JSONNode* node) { return reinterpret_cast<json_object*>(node); }
 JSONNode* AsNode(json_object* object) { return reinterpret_cast<JSONNode*>(object); }
 
@@ -116,7 +109,6 @@ void CJSONManager::ClearDocument() {
         json_object_put(root_);
         root_ = nullptr;
     }
-    lastResult_ = 0;
 }
 
 int CJSONManager::CreateNewDocument() {
@@ -138,14 +130,13 @@ int CJSONManager::ImportFromJSONString(const char* utf8Text, int length) {
 }
 
 int CJSONManager::ImportFromJSONFile(const wchar_t* path) {
-    static constexpr const wchar_t* kFunction = L"CJSONManager::ImportFromJSONFile";
     if (path == nullptr) {
-        LogManagerFailure(kFunction, 75, L"File path is NULL.");
+        LogManagerFailure(kImportPathNull);
         return ZELT_BAD_ARGUMENT;
     }
     std::uint32_t size = 0;
     if (!ProbeFileExclusive(path, size)) {
-        LogManagerFailure(kFunction, 96, L"Failed to open file.");
+        LogManagerFailure(kImportOpenFailed);
         return ZELT_BAD_ARGUMENT;
     }
     if (size == 0) return ZELT_BAD_ARGUMENT;
@@ -169,13 +160,12 @@ int CJSONManager::ImportFromJSONFile(const wchar_t* path) {
 }
 
 int CJSONManager::SaveToJSONFile(const wchar_t* path) {
-    static constexpr const wchar_t* kFunction = L"CJSONManager::SaveToJSONFile";
     // Closed on every way out, std::bad_alloc from building the text included.
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(OpenFileStream(path, "wb"),
                                                            &std::fclose);
     if (stream == nullptr) return ZELT_BAD_ARGUMENT;
     if (root_ == nullptr) {
-        LogManagerFailure(kFunction, 179, L"Failed to convert object to a JSON string.");
+        LogManagerFailure(kSaveWithoutText);
         return ZELT_NOTHING_TO_SAVE;
     }
     // A string root is saved as its bare characters, without quotes, up to
@@ -187,7 +177,7 @@ int CJSONManager::SaveToJSONFile(const wchar_t* path) {
     else
         AppendJSONText(root_, text);
     if (!text.Flush()) {
-        LogManagerFailure(kFunction, 174, L"Failed to write full string to export file.");
+        LogManagerFailure(kSaveShortWrite);
         return ZELT_FAILED;
     }
     return ZELT_SUCCESS;
@@ -206,17 +196,16 @@ bool CJSONManager::ReplaceMember(json_object* object, const char* key, json_obje
 JSONNode* CJSONManager::AddElement(JSONNode* parent, const wchar_t* name, int type) {
     if (name == nullptr) return nullptr;
     // The parent itself needs no key, only a name that would fit the buffer.
-    const bool parentItself = type == kParentItself || type == kParentItselfAlternative;
+    const bool parentItself =
+        type == ZELT_ADD_PARENT_FOR_STRING || type == ZELT_ADD_PARENT_FOR_DWORD;
     char key[kAddedNameBytes];
     if (parentItself ? !NameFits<kAddedNameBytes>(name) : !ConvertName(name, key)) return nullptr;
     json_object* target = parent != nullptr ? AsJSON(parent) : root_;
-    if (target == nullptr || type < kNewObject || type > kParentItselfAlternative) {
-        lastResult_ = ZELT_BAD_ARGUMENT;
+    if (target == nullptr || type < ZELT_ADD_OBJECT || type > ZELT_ADD_PARENT_FOR_DWORD)
         return nullptr;
-    }
     if (parentItself) return AsNode(target);
 
-    if (type == kNewObject) {
+    if (type == ZELT_ADD_OBJECT) {
         if (!IsContainer(target)) return AsNode(CreateUnattachedObject());
         json_object* object = json_object_new_object();
         if (object == nullptr) return nullptr;
@@ -229,11 +218,8 @@ JSONNode* CJSONManager::AddElement(JSONNode* parent, const wchar_t* name, int ty
         return AsNode(object);
     }
 
-    // kNewArray or kNewArrayAlternative: only an object can hold it.
-    if (!IsKind(target, json_type_object)) {
-        lastResult_ = ZELT_BAD_ARGUMENT;
-        return nullptr;
-    }
+    // ZELT_ADD_ARRAY or ZELT_ADD_ARRAY_ALTERNATIVE: only an object can hold it.
+    if (!IsKind(target, json_type_object)) return nullptr;
     json_object* array = json_object_new_array();
     if (array == nullptr || !ReplaceMember(target, key, array)) return nullptr;
     return AsNode(array);
@@ -245,10 +231,7 @@ JSONNode* CJSONManager::GetElement(JSONNode* parent, const wchar_t* name) {
     if (!ConvertName(name, key)) return nullptr;
     json_object* target = parent != nullptr ? AsJSON(parent) : root_;
     if (target == nullptr) return nullptr;
-    if (!IsKind(target, json_type_object)) {
-        lastResult_ = ZELT_BAD_ARGUMENT;
-        return nullptr;
-    }
+    if (!IsKind(target, json_type_object)) return nullptr;
     // Keys are unique, so the hash lookup finds the first equal key. A
     // member whose value is JSON null gives null, as a missing one does.
     json_object* value = nullptr;
@@ -257,15 +240,9 @@ JSONNode* CJSONManager::GetElement(JSONNode* parent, const wchar_t* name) {
 }
 
 JSONNode* CJSONManager::GetArrayElement(JSONNode* array, const wchar_t* /*name*/, int index) {
-    if (array == nullptr || index < 0) {
-        lastResult_ = ZELT_BAD_ARGUMENT;
-        return nullptr;
-    }
+    if (array == nullptr || index < 0) return nullptr;
     json_object* target = AsJSON(array);
-    if (!IsKind(target, json_type_array)) {
-        lastResult_ = ZELT_NOT_PRESENT;
-        return nullptr;
-    }
+    if (!IsKind(target, json_type_array)) return nullptr;
     if (static_cast<std::size_t>(index) >= json_object_array_length(target)) return nullptr;
     return AsNode(json_object_array_get_idx(target, static_cast<std::size_t>(index)));
 }
@@ -283,10 +260,7 @@ int CJSONManager::SetDWORDAttribute(JSONNode* node, const wchar_t* name, DWORD v
     if (node == nullptr) return ZELT_BAD_ARGUMENT;
     Utf8Text key;
     if (!key.Convert(name)) return ZELT_FAILED;
-    if (!IsContainer(AsJSON(node))) {
-        lastResult_ = ZELT_BAD_ARGUMENT;
-        return ZELT_BAD_ARGUMENT;
-    }
+    if (!IsContainer(AsJSON(node))) return ZELT_BAD_ARGUMENT;
     // Stored as a signed 32-bit integer: values from 2147483648 up are written
     // as their negative reading and read back as the same DWORD.
     const auto stored = static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
@@ -301,10 +275,7 @@ int CJSONManager::SetStringAttribute(JSONNode* node, const wchar_t* name, const 
     if (!text.Convert(value) || name == nullptr) return ZELT_FAILED;
     json_object* target = AsJSON(node);
     const json_type kind = json_object_get_type(target);
-    if (kind != json_type_object && kind != json_type_array) {
-        lastResult_ = ZELT_BAD_ARGUMENT;
-        return ZELT_BAD_ARGUMENT;
-    }
+    if (kind != json_type_object && kind != json_type_array) return ZELT_BAD_ARGUMENT;
     if (kind == json_type_object && !key.Convert(name)) return ZELT_FAILED;
     return StoreValue(target, key.Data(),
                       json_object_new_string_len(text.Data(), SaturatedInt(text.Size())));

@@ -38,10 +38,6 @@ public:
     int GetArrayCount(JSONNode* array, const wchar_t* name) override;
     int RemoveElement(JSONNode* parent, const wchar_t* name) override;
 
-    // The manager's own import, also used by creation; creation stores its
-    // code in the last-result field.
-    void StoreLastResult(int result) { lastResult_ = result; }
-
 private:
     // Adds value as member key of object, replacing a member of that name:
     // the old member is removed (its subtree freed) and the new one goes last.
@@ -54,7 +50,6 @@ private:
     int DeliverText(json_object* node, wchar_t* buffer, int* length);
 
     json_object* root_ = nullptr;
-    int lastResult_ = 0;
 };
 
 #endif  // ZELT_MANAGER_JSONMANAGER_H

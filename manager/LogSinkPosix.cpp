@@ -7,11 +7,11 @@
 extern "C" void PLXR_PrintMessage(const wchar_t* file, const wchar_t* function, int line, int level,
                                   const wchar_t* message) __attribute__((weak));
 
-void LogManagerFailure(const wchar_t* function, int line, const wchar_t* message) {
+void LogManagerFailure(const ManagerFailureRecord& record) {
     if (PLXR_PrintMessage != nullptr) {
-        PLXR_PrintMessage(kLogFile, function, line, kLogLevel, message);
+        PLXR_PrintMessage(kLogFile, record.function, record.line, kLogLevel, record.message);
         return;
     }
-    std::fprintf(stderr, "%ls: %ls(%d) level %d: %ls\n", kLogFile, function, line, kLogLevel,
-                 message);
+    std::fprintf(stderr, "%ls: %ls(%d) level %d: %ls\n", kLogFile, record.function, record.line,
+                 kLogLevel, record.message);
 }

@@ -6,6 +6,6 @@ extern "C" __declspec(dllimport) void PLXR_PrintMessage(const wchar_t* file,
                                                         const wchar_t* function, int line,
                                                         int level, const wchar_t* message);
 
-void LogManagerFailure(const wchar_t* function, int line, const wchar_t* message) {
-    PLXR_PrintMessage(kLogFile, function, line, kLogLevel, message);
+void LogManagerFailure(const ManagerFailureRecord& record) {
+    PLXR_PrintMessage(kLogFile, record.function, record.line, kLogLevel, record.message);
 }

@@ -269,8 +269,8 @@ TEST(AllocationFailureArrayTest, AppendsBeyondTheFirstStorage) {
     for (long k = 1;; ++k) {
         ManagerPtr manager = NewManager();
         ASSERT_EQ(manager->CreateNewDocument(), ZELT_SUCCESS);
-        JSONNode* strings = manager->AddElement(nullptr, L"strings", 1);
-        JSONNode* objects = manager->AddElement(nullptr, L"objects", 1);
+        JSONNode* strings = manager->AddElement(nullptr, L"strings", ZELT_ADD_ARRAY);
+        JSONNode* objects = manager->AddElement(nullptr, L"objects", ZELT_ADD_ARRAY);
         ASSERT_NE(strings, nullptr);
         ASSERT_NE(objects, nullptr);
         std::vector<int> results;
@@ -281,7 +281,7 @@ TEST(AllocationFailureArrayTest, AppendsBeyondTheFirstStorage) {
         try {
             for (int i = 0; i < 40; ++i) {
                 results.push_back(manager->SetStringAttribute(strings, L"", L"x"));
-                added.push_back(manager->AddElement(objects, L"", 0) != nullptr);
+                added.push_back(manager->AddElement(objects, L"", ZELT_ADD_OBJECT) != nullptr);
             }
         } catch (const std::bad_alloc&) {
         }

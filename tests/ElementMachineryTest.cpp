@@ -172,12 +172,14 @@ TEST(ElementMachineryTest, AttributesAreWrittenWithTheirTypeCodesAndAbsentOnesSk
     CommunicationPtr element = NewCommunication();
     InterceptingManager mgr(ManagerWithEmptyDocument());
     ASSERT_EQ(element->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_SUCCESS);
-    EXPECT_EQ(mgr.calls,
-              (std::vector<std::wstring>{
-                  L"AddElement Communication 0", L"AddElement DispServerHostname 3",
-                  L"SetStringAttribute DispServerHostname", L"AddElement LogUploadInterval 4",
-                  L"SetDWORDAttribute LogUploadInterval", L"AddElement ManagementQueryInterval 4",
-                  L"SetDWORDAttribute ManagementQueryInterval"}));
+    EXPECT_EQ(mgr.calls, (std::vector<std::wstring>{
+                             AddElementCall(L"Communication", ZELT_ADD_OBJECT),
+                             AddElementCall(L"DispServerHostname", ZELT_ADD_PARENT_FOR_STRING),
+                             L"SetStringAttribute DispServerHostname",
+                             AddElementCall(L"LogUploadInterval", ZELT_ADD_PARENT_FOR_DWORD),
+                             L"SetDWORDAttribute LogUploadInterval",
+                             AddElementCall(L"ManagementQueryInterval", ZELT_ADD_PARENT_FOR_DWORD),
+                             L"SetDWORDAttribute ManagementQueryInterval"}));
     JSONNode* node = mgr.GetElement(nullptr, L"Communication");
     EXPECT_EQ(mgr.attributeNodes, (std::vector<JSONNode*>{node, node, node}));
 }
@@ -200,7 +202,8 @@ TEST(ElementMachineryTest, AnElementNodeThatIsNotCreatedStopsTheWriteAtOnce) {
     InterceptingManager mgr(ManagerWithEmptyDocument());
     mgr.refusedElements.insert(L"Communication");
     EXPECT_EQ(element->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_FAILED);
-    EXPECT_EQ(mgr.calls, std::vector<std::wstring>{L"AddElement Communication 0"});
+    EXPECT_EQ(mgr.calls,
+              std::vector<std::wstring>{AddElementCall(L"Communication", ZELT_ADD_OBJECT)});
     EXPECT_EQ(capture.Messages(),
               Messages{L"JSONManager: required element pointer is NULL. element: Communication"});
 }

@@ -216,7 +216,7 @@ TEST_F(JSONManagerLifecycleTest, DeleteThroughInterfaceReleasesDocument) {
     IJSONManager* manager = zeltCreateJSONManager(nullptr, 0);
     ASSERT_NE(manager, nullptr);
     ASSERT_EQ(manager->CreateNewDocument(), ZELT_SUCCESS);
-    ASSERT_NE(manager->AddElement(nullptr, L"child", 0), nullptr);
+    ASSERT_NE(manager->AddElement(nullptr, L"child", ZELT_ADD_OBJECT), nullptr);
     delete manager;
 }
 

@@ -73,7 +73,8 @@ const std::uint32_t kNotACodePoint = kWideTextIsUtf16 ? 0xDC00 : 0x110000;
 // ---- AddElement
 
 TEST_F(JSONManagerOperationsTest, AddElementNullNameReturnsNull) {
-    for (int type : {0, 1, 2, 3, 4, 5}) {
+    for (int type : {ZELT_ADD_OBJECT, ZELT_ADD_ARRAY, ZELT_ADD_ARRAY_ALTERNATIVE,
+                     ZELT_ADD_PARENT_FOR_STRING, ZELT_ADD_PARENT_FOR_DWORD, 5}) {
         SCOPED_TRACE(type);
         EXPECT_EQ(manager_->AddElement(root_, nullptr, type), nullptr);
         EXPECT_EQ(manager_->AddElement(nullptr, nullptr, type), nullptr);
@@ -82,7 +83,7 @@ TEST_F(JSONManagerOperationsTest, AddElementNullNameReturnsNull) {
 }
 
 TEST_F(JSONManagerOperationsTest, AddElementNullParentUsesRoot) {
-    JSONNode* node = manager_->AddElement(nullptr, L"a", 0);
+    JSONNode* node = manager_->AddElement(nullptr, L"a", ZELT_ADD_OBJECT);
     ASSERT_NE(node, nullptr);
     EXPECT_EQ(Member(L"a"), node);
     EXPECT_EQ(Saved(), "{ \"a\": { } }");
@@ -90,7 +91,8 @@ TEST_F(JSONManagerOperationsTest, AddElementNullParentUsesRoot) {
 
 TEST_F(JSONManagerOperationsTest, AddElementWithoutDocumentReturnsNull) {
     ExportDestroyedManagerPtr empty = NewManager();
-    for (int type : {0, 1, 2, 3, 4}) {
+    for (int type : {ZELT_ADD_OBJECT, ZELT_ADD_ARRAY, ZELT_ADD_ARRAY_ALTERNATIVE,
+                     ZELT_ADD_PARENT_FOR_STRING, ZELT_ADD_PARENT_FOR_DWORD}) {
         SCOPED_TRACE(type);
         EXPECT_EQ(empty->AddElement(nullptr, L"a", type), nullptr);
     }
@@ -98,7 +100,7 @@ TEST_F(JSONManagerOperationsTest, AddElementWithoutDocumentReturnsNull) {
 }
 
 TEST_F(JSONManagerOperationsTest, AddElementTypeZeroCreatesObject) {
-    JSONNode* node = manager_->AddElement(root_, L"o", 0);
+    JSONNode* node = manager_->AddElement(root_, L"o", ZELT_ADD_OBJECT);
     ASSERT_NE(node, nullptr);
     EXPECT_NE(node, root_);
     EXPECT_EQ(manager_->SetDWORDAttribute(node, L"x", 1), ZELT_SUCCESS);
@@ -106,8 +108,8 @@ TEST_F(JSONManagerOperationsTest, AddElementTypeZeroCreatesObject) {
 }
 
 TEST_F(JSONManagerOperationsTest, AddElementTypesOneAndTwoCreateArrays) {
-    JSONNode* first = manager_->AddElement(root_, L"a1", 1);
-    JSONNode* second = manager_->AddElement(root_, L"a2", 2);
+    JSONNode* first = manager_->AddElement(root_, L"a1", ZELT_ADD_ARRAY);
+    JSONNode* second = manager_->AddElement(root_, L"a2", ZELT_ADD_ARRAY_ALTERNATIVE);
     ASSERT_NE(first, nullptr);
     ASSERT_NE(second, nullptr);
     EXPECT_EQ(manager_->GetArrayCount(first, L"a1"), 0);
@@ -116,9 +118,9 @@ TEST_F(JSONManagerOperationsTest, AddElementTypesOneAndTwoCreateArrays) {
 }
 
 TEST_F(JSONManagerOperationsTest, AddElementTypesThreeAndFourReturnParent) {
-    JSONNode* child = manager_->AddElement(root_, L"c", 0);
-    JSONNode* list = manager_->AddElement(root_, L"l", 1);
-    for (int type : {3, 4}) {
+    JSONNode* child = manager_->AddElement(root_, L"c", ZELT_ADD_OBJECT);
+    JSONNode* list = manager_->AddElement(root_, L"l", ZELT_ADD_ARRAY);
+    for (int type : {ZELT_ADD_PARENT_FOR_STRING, ZELT_ADD_PARENT_FOR_DWORD}) {
         SCOPED_TRACE(type);
         EXPECT_EQ(manager_->AddElement(root_, L"x", type), root_);
         EXPECT_EQ(manager_->AddElement(nullptr, L"x", type), root_);
@@ -138,11 +140,11 @@ TEST_F(JSONManagerOperationsTest, AddElementUnknownTypesRefused) {
 }
 
 TEST_F(JSONManagerOperationsTest, AddElementSameNameTwiceReplacesAndMovesLast) {
-    JSONNode* first = manager_->AddElement(root_, L"a", 0);
+    JSONNode* first = manager_->AddElement(root_, L"a", ZELT_ADD_OBJECT);
     ASSERT_NE(first, nullptr);
     ASSERT_EQ(manager_->SetDWORDAttribute(first, L"inner", 1), ZELT_SUCCESS);
     ASSERT_EQ(manager_->SetDWORDAttribute(root_, L"b", 2), ZELT_SUCCESS);
-    JSONNode* second = manager_->AddElement(root_, L"a", 0);
+    JSONNode* second = manager_->AddElement(root_, L"a", ZELT_ADD_OBJECT);
     ASSERT_NE(second, nullptr);
     EXPECT_EQ(Member(L"a"), second);
     EXPECT_EQ(Saved(), "{ \"b\": 2, \"a\": { } }");
@@ -151,17 +153,17 @@ TEST_F(JSONManagerOperationsTest, AddElementSameNameTwiceReplacesAndMovesLast) {
 TEST_F(JSONManagerOperationsTest, AddElementArrayReplacesMemberOfOtherKind) {
     ASSERT_EQ(manager_->SetStringAttribute(root_, L"a", L"text"), ZELT_SUCCESS);
     ASSERT_EQ(manager_->SetDWORDAttribute(root_, L"b", 2), ZELT_SUCCESS);
-    JSONNode* list = manager_->AddElement(root_, L"a", 2);
+    JSONNode* list = manager_->AddElement(root_, L"a", ZELT_ADD_ARRAY_ALTERNATIVE);
     ASSERT_NE(list, nullptr);
     EXPECT_EQ(Member(L"a"), list);
     EXPECT_EQ(Saved(), "{ \"b\": 2, \"a\": [ ] }");
 }
 
 TEST_F(JSONManagerOperationsTest, AddElementObjectIntoArrayAppends) {
-    JSONNode* list = manager_->AddElement(root_, L"list", 1);
+    JSONNode* list = manager_->AddElement(root_, L"list", ZELT_ADD_ARRAY);
     ASSERT_NE(list, nullptr);
-    JSONNode* first = manager_->AddElement(list, L"ignored", 0);
-    JSONNode* second = manager_->AddElement(list, L"list", 0);
+    JSONNode* first = manager_->AddElement(list, L"ignored", ZELT_ADD_OBJECT);
+    JSONNode* second = manager_->AddElement(list, L"list", ZELT_ADD_OBJECT);
     ASSERT_NE(first, nullptr);
     ASSERT_NE(second, nullptr);
     EXPECT_NE(first, second);
@@ -173,10 +175,10 @@ TEST_F(JSONManagerOperationsTest, AddElementObjectIntoArrayAppends) {
 }
 
 TEST_F(JSONManagerOperationsTest, AddElementArrayIntoArrayRefused) {
-    JSONNode* list = manager_->AddElement(root_, L"list", 1);
+    JSONNode* list = manager_->AddElement(root_, L"list", ZELT_ADD_ARRAY);
     ASSERT_NE(list, nullptr);
-    EXPECT_EQ(manager_->AddElement(list, L"x", 1), nullptr);
-    EXPECT_EQ(manager_->AddElement(list, L"x", 2), nullptr);
+    EXPECT_EQ(manager_->AddElement(list, L"x", ZELT_ADD_ARRAY), nullptr);
+    EXPECT_EQ(manager_->AddElement(list, L"x", ZELT_ADD_ARRAY_ALTERNATIVE), nullptr);
     EXPECT_EQ(Saved(), "{ \"list\": [ ] }");
 }
 
@@ -185,7 +187,7 @@ TEST_F(JSONManagerOperationsTest, AddElementObjectUnderScalarIsAttachedNowhere) 
     JSONNode* scalar = Member(L"n");
     ASSERT_NE(scalar, nullptr);
     // The detached object is returned and usable, and intentionally never freed.
-    JSONNode* detached = manager_->AddElement(scalar, L"x", 0);
+    JSONNode* detached = manager_->AddElement(scalar, L"x", ZELT_ADD_OBJECT);
     ASSERT_NE(detached, nullptr);
     EXPECT_EQ(manager_->SetDWORDAttribute(detached, L"y", 7), ZELT_SUCCESS);
     EXPECT_EQ(DWORDOf(detached, L"y"), 7u);
@@ -196,27 +198,28 @@ TEST_F(JSONManagerOperationsTest, AddElementArrayUnderScalarRefused) {
     Load("{\"n\":5,\"s\":\"t\",\"b\":true}");
     for (const wchar_t* name : {L"n", L"s", L"b"}) {
         SCOPED_TRACE(testing::PrintToString(std::wstring(name)));
-        EXPECT_EQ(manager_->AddElement(Member(name), L"x", 1), nullptr);
-        EXPECT_EQ(manager_->AddElement(Member(name), L"x", 2), nullptr);
+        EXPECT_EQ(manager_->AddElement(Member(name), L"x", ZELT_ADD_ARRAY), nullptr);
+        EXPECT_EQ(manager_->AddElement(Member(name), L"x", ZELT_ADD_ARRAY_ALTERNATIVE), nullptr);
     }
     EXPECT_EQ(Saved(), "{ \"n\": 5, \"s\": \"t\", \"b\": true }");
 }
 
 TEST_F(JSONManagerOperationsTest, AddElementEmptyName) {
-    ASSERT_NE(manager_->AddElement(root_, L"", 0), nullptr);
+    ASSERT_NE(manager_->AddElement(root_, L"", ZELT_ADD_OBJECT), nullptr);
     EXPECT_NE(Member(L""), nullptr);
     EXPECT_EQ(Saved(), "{ \"\": { } }");
 }
 
 TEST_F(JSONManagerOperationsTest, AddElementNonAsciiName) {
-    ASSERT_NE(manager_->AddElement(root_, L"\u00E9\u20AC\U0001F600", 0), nullptr);
+    ASSERT_NE(manager_->AddElement(root_, L"\u00E9\u20AC\U0001F600", ZELT_ADD_OBJECT), nullptr);
     EXPECT_NE(Member(L"\u00E9\u20AC\U0001F600"), nullptr);
     EXPECT_EQ(Saved(), "{ \"\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\": { } }");
 }
 
 TEST_F(JSONManagerOperationsTest, AddElementInvalidCodePointsBecomeReplacementCharacter) {
-    ASSERT_NE(manager_->AddElement(root_, Unit(0xD800).c_str(), 0), nullptr);
-    ASSERT_NE(manager_->AddElement(root_, (L"a" + Unit(kNotACodePoint)).c_str(), 1), nullptr);
+    ASSERT_NE(manager_->AddElement(root_, Unit(0xD800).c_str(), ZELT_ADD_OBJECT), nullptr);
+    ASSERT_NE(manager_->AddElement(root_, (L"a" + Unit(kNotACodePoint)).c_str(), ZELT_ADD_ARRAY),
+              nullptr);
     EXPECT_EQ(Saved(), std::string("{ \"") + kReplacementUtf8 + "\": { }, \"a" + kReplacementUtf8 +
                            "\": [ ] }");
     EXPECT_NE(Member(L"\uFFFD"), nullptr);
@@ -229,7 +232,7 @@ TEST_F(JSONManagerOperationsTest, AddElementNameOf259BytesFits) {
     const std::wstring fourByte = Repeated(CodePoint(0x1F600), 64) + L"abc";
     for (const std::wstring& name : {ascii, twoByte, threeByte, fourByte}) {
         SCOPED_TRACE(name.size());
-        JSONNode* node = manager_->AddElement(root_, name.c_str(), 0);
+        JSONNode* node = manager_->AddElement(root_, name.c_str(), ZELT_ADD_OBJECT);
         ASSERT_NE(node, nullptr);
         EXPECT_EQ(Member(name.c_str()), node);
     }
@@ -247,7 +250,7 @@ TEST_F(JSONManagerOperationsTest, AddElementNameOf260BytesFails) {
     const std::wstring longer(1000, L'n');
     for (const std::wstring& name : {ascii, twoByte, threeByte, fourByte, longer}) {
         SCOPED_TRACE(name.size());
-        for (int type : {0, 1, 3})
+        for (int type : {ZELT_ADD_OBJECT, ZELT_ADD_ARRAY, ZELT_ADD_PARENT_FOR_STRING})
             EXPECT_EQ(manager_->AddElement(root_, name.c_str(), type), nullptr);
     }
     EXPECT_EQ(Saved(), "{ }");
@@ -262,7 +265,7 @@ TEST_F(JSONManagerOperationsTest, GetElementNullNameReturnsNull) {
 }
 
 TEST_F(JSONManagerOperationsTest, GetElementNullParentUsesRoot) {
-    JSONNode* node = manager_->AddElement(root_, L"a", 0);
+    JSONNode* node = manager_->AddElement(root_, L"a", ZELT_ADD_OBJECT);
     EXPECT_EQ(manager_->GetElement(nullptr, L"a"), node);
 }
 
@@ -375,7 +378,7 @@ TEST_F(JSONManagerOperationsTest, GetArrayElementIndexBounds) {
 }
 
 TEST_F(JSONManagerOperationsTest, GetArrayElementOfEmptyArrayReturnsNull) {
-    JSONNode* list = manager_->AddElement(root_, L"l", 1);
+    JSONNode* list = manager_->AddElement(root_, L"l", ZELT_ADD_ARRAY);
     EXPECT_EQ(manager_->GetArrayElement(list, L"l", 0), nullptr);
 }
 
@@ -404,7 +407,7 @@ TEST_F(JSONManagerOperationsTest, SetDWORDNullNodeFails) {
 }
 
 TEST_F(JSONManagerOperationsTest, SetDWORDNullNameFailsConversion) {
-    JSONNode* list = manager_->AddElement(root_, L"l", 1);
+    JSONNode* list = manager_->AddElement(root_, L"l", ZELT_ADD_ARRAY);
     EXPECT_EQ(manager_->SetDWORDAttribute(root_, nullptr, 1), ZELT_FAILED);
     EXPECT_EQ(manager_->SetDWORDAttribute(list, nullptr, 1), ZELT_FAILED);
     EXPECT_EQ(Saved(), "{ \"l\": [ ] }");
@@ -418,7 +421,7 @@ TEST_F(JSONManagerOperationsTest, SetDWORDOnObjectSetsMember) {
 }
 
 TEST_F(JSONManagerOperationsTest, SetDWORDOnArrayAppends) {
-    JSONNode* list = manager_->AddElement(root_, L"l", 1);
+    JSONNode* list = manager_->AddElement(root_, L"l", ZELT_ADD_ARRAY);
     EXPECT_EQ(manager_->SetDWORDAttribute(list, L"l", 1), ZELT_SUCCESS);
     EXPECT_EQ(manager_->SetDWORDAttribute(list, L"other", 2), ZELT_SUCCESS);
     EXPECT_EQ(manager_->SetDWORDAttribute(list, L"l", 4294967295u), ZELT_SUCCESS);
@@ -444,8 +447,8 @@ TEST_F(JSONManagerOperationsTest, SetDWORDTwiceMovesMemberLast) {
 }
 
 TEST_F(JSONManagerOperationsTest, SetDWORDReplacesSubtree) {
-    JSONNode* object = manager_->AddElement(root_, L"a", 0);
-    ASSERT_NE(manager_->AddElement(object, L"deep", 1), nullptr);
+    JSONNode* object = manager_->AddElement(root_, L"a", ZELT_ADD_OBJECT);
+    ASSERT_NE(manager_->AddElement(object, L"deep", ZELT_ADD_ARRAY), nullptr);
     ASSERT_EQ(manager_->SetDWORDAttribute(root_, L"b", 2), ZELT_SUCCESS);
     ASSERT_EQ(manager_->SetDWORDAttribute(root_, L"a", 9), ZELT_SUCCESS);
     EXPECT_EQ(Saved(), "{ \"b\": 2, \"a\": 9 }");
@@ -488,7 +491,7 @@ TEST_F(JSONManagerOperationsTest, SetStringNullNodeFails) {
 }
 
 TEST_F(JSONManagerOperationsTest, SetStringNullValueFails) {
-    JSONNode* list = manager_->AddElement(root_, L"l", 1);
+    JSONNode* list = manager_->AddElement(root_, L"l", ZELT_ADD_ARRAY);
     EXPECT_EQ(manager_->SetStringAttribute(root_, L"a", nullptr), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(manager_->SetStringAttribute(list, L"a", nullptr), ZELT_BAD_ARGUMENT);
     EXPECT_EQ(manager_->SetStringAttribute(root_, nullptr, nullptr), ZELT_BAD_ARGUMENT);
@@ -496,7 +499,7 @@ TEST_F(JSONManagerOperationsTest, SetStringNullValueFails) {
 }
 
 TEST_F(JSONManagerOperationsTest, SetStringNullNameFailsConversion) {
-    JSONNode* list = manager_->AddElement(root_, L"l", 1);
+    JSONNode* list = manager_->AddElement(root_, L"l", ZELT_ADD_ARRAY);
     ASSERT_EQ(manager_->SetStringAttribute(root_, L"a", L"old"), ZELT_SUCCESS);
     EXPECT_EQ(manager_->SetStringAttribute(root_, nullptr, L"v"), ZELT_FAILED);
     EXPECT_EQ(manager_->SetStringAttribute(list, nullptr, L"v"), ZELT_FAILED);
@@ -510,7 +513,7 @@ TEST_F(JSONManagerOperationsTest, SetStringOnObjectSetsMember) {
 }
 
 TEST_F(JSONManagerOperationsTest, SetStringOnArrayAppends) {
-    JSONNode* list = manager_->AddElement(root_, L"l", 1);
+    JSONNode* list = manager_->AddElement(root_, L"l", ZELT_ADD_ARRAY);
     EXPECT_EQ(manager_->SetStringAttribute(list, L"l", L"a"), ZELT_SUCCESS);
     EXPECT_EQ(manager_->SetStringAttribute(list, L"zzz", L"b"), ZELT_SUCCESS);
     EXPECT_EQ(manager_->GetArrayCount(list, L"l"), 2);
@@ -561,7 +564,7 @@ TEST_F(JSONManagerOperationsTest, SetStringTwiceMovesMemberLast) {
 }
 
 TEST_F(JSONManagerOperationsTest, SetStringReplacesSubtree) {
-    JSONNode* object = manager_->AddElement(root_, L"a", 0);
+    JSONNode* object = manager_->AddElement(root_, L"a", ZELT_ADD_OBJECT);
     ASSERT_EQ(manager_->SetStringAttribute(object, L"inner", L"x"), ZELT_SUCCESS);
     ASSERT_EQ(manager_->SetDWORDAttribute(root_, L"b", 2), ZELT_SUCCESS);
     ASSERT_EQ(manager_->SetStringAttribute(root_, L"a", L"flat"), ZELT_SUCCESS);
@@ -1083,7 +1086,7 @@ TEST_F(JSONManagerOperationsTest, GetArrayCountCountsItems) {
 }
 
 TEST_F(JSONManagerOperationsTest, GetArrayCountOfManyItems) {
-    JSONNode* list = manager_->AddElement(root_, L"l", 1);
+    JSONNode* list = manager_->AddElement(root_, L"l", ZELT_ADD_ARRAY);
     for (DWORD i = 0; i < 1000; ++i) {
         ASSERT_EQ(manager_->SetDWORDAttribute(list, L"l", i), ZELT_SUCCESS);
     }

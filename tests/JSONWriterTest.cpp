@@ -81,7 +81,7 @@ TEST_F(JSONWriterTest, EmptyArray) { EXPECT_EQ(SavedFrom("[]"), "[ ]"); }
 
 TEST_F(JSONWriterTest, ExampleLineBuiltWithOperations) {
     ASSERT_EQ(manager_->SetDWORDAttribute(root_, L"a", 1), ZELT_SUCCESS);
-    JSONNode* list = manager_->AddElement(root_, L"b", 1);
+    JSONNode* list = manager_->AddElement(root_, L"b", ZELT_ADD_ARRAY);
     ASSERT_NE(list, nullptr);
     ASSERT_EQ(manager_->SetDWORDAttribute(list, L"b", 1), ZELT_SUCCESS);
     ASSERT_EQ(manager_->SetDWORDAttribute(list, L"b", 2), ZELT_SUCCESS);
@@ -105,13 +105,13 @@ TEST_F(JSONWriterTest, NestedArraysAndObjects) {
 }
 
 TEST_F(JSONWriterTest, NestedBuiltWithOperations) {
-    JSONNode* outer = manager_->AddElement(root_, L"outer", 0);
-    JSONNode* list = manager_->AddElement(outer, L"list", 2);
-    JSONNode* item = manager_->AddElement(list, L"", 0);
+    JSONNode* outer = manager_->AddElement(root_, L"outer", ZELT_ADD_OBJECT);
+    JSONNode* list = manager_->AddElement(outer, L"list", ZELT_ADD_ARRAY_ALTERNATIVE);
+    JSONNode* item = manager_->AddElement(list, L"", ZELT_ADD_OBJECT);
     ASSERT_NE(item, nullptr);
     ASSERT_EQ(manager_->SetStringAttribute(item, L"k", L"v"), ZELT_SUCCESS);
-    ASSERT_NE(manager_->AddElement(item, L"empty", 1), nullptr);
-    ASSERT_NE(manager_->AddElement(list, L"", 0), nullptr);
+    ASSERT_NE(manager_->AddElement(item, L"empty", ZELT_ADD_ARRAY), nullptr);
+    ASSERT_NE(manager_->AddElement(list, L"", ZELT_ADD_OBJECT), nullptr);
     ASSERT_EQ(manager_->SetDWORDAttribute(outer, L"n", 3), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*manager_),
               R"({ "outer": { "list": [ { "k": "v", "empty": [ ] }, { } ], "n": 3 } })");
@@ -221,7 +221,8 @@ TEST_F(JSONWriterTest, InvalidUtf8CopiedAsItIs) {
 TEST_F(JSONWriterTest, KeysAreEscapedLikeStrings) {
     const std::wstring key = L"a\"b\\c/d\te" + std::wstring(1, static_cast<wchar_t>(0x01));
     ASSERT_EQ(manager_->SetDWORDAttribute(root_, key.c_str(), 1), ZELT_SUCCESS);
-    ASSERT_NE(manager_->AddElement(root_, Widened(ControlBytes()).c_str(), 0), nullptr);
+    ASSERT_NE(manager_->AddElement(root_, Widened(ControlBytes()).c_str(), ZELT_ADD_OBJECT),
+              nullptr);
     EXPECT_EQ(SavedText(*manager_),
               R"({ "a\"b\\c\/d\te\u0001": 1, ")" + Escaped(ControlBytes()) + R"(": { } })");
 }
@@ -271,7 +272,7 @@ TEST_F(JSONWriterTest, IntegersWrittenAsSigned32Bit) {
 }
 
 TEST_F(JSONWriterTest, DWORDValuesWrittenAsSigned32Bit) {
-    JSONNode* list = manager_->AddElement(root_, L"l", 1);
+    JSONNode* list = manager_->AddElement(root_, L"l", ZELT_ADD_ARRAY);
     for (DWORD value : {0u, 1u, 2147483647u, 2147483648u, 4294967295u}) {
         ASSERT_EQ(manager_->SetDWORDAttribute(list, L"l", value), ZELT_SUCCESS);
     }

@@ -211,7 +211,7 @@ TYPED_TEST(StringListsTest, EntryWrittenUnderAnObjectBecomesTheMemberStringValue
 TYPED_TEST(StringListsTest, EntryWrittenUnderAnArrayBecomesABareItem) {
     auto entry = this->NewEntry(L"value-1");
     ManagerPtr mgr = ManagerWithEmptyDocument();
-    JSONNode* array = mgr->AddElement(nullptr, L"items", 1);
+    JSONNode* array = mgr->AddElement(nullptr, L"items", ZELT_ADD_ARRAY);
     EXPECT_EQ(entry->WriteToJSONMgr(mgr.get(), array, 7), ZELT_SUCCESS);
     EXPECT_EQ(SavedText(*mgr), "{ \"items\": [ \"value-1\" ] }");
 }
@@ -456,7 +456,7 @@ TYPED_TEST(StringListsTest, WriteFailsWhenTheArrayIsNotCreated) {
         capture.Messages(),
         Messages{this->Text(L"required element pointer is NULL. element: ", TypeParam::kList)});
     EXPECT_EQ(mgr.calls,
-              std::vector<std::wstring>{L"AddElement " + std::wstring(TypeParam::kList) + L" 1"});
+              std::vector<std::wstring>{AddElementCall(TypeParam::kList, ZELT_ADD_ARRAY)});
 }
 
 TYPED_TEST(StringListsTest, AFailingEntryStopsTheWriteAndKeepsTheEarlierItems) {
@@ -480,10 +480,12 @@ TYPED_TEST(StringListsTest, EachEntryIsWrittenIntoTheArrayItself) {
     InterceptingManager mgr(ManagerWithEmptyDocument());
     ASSERT_EQ(list->WriteToJSONMgr(&mgr, mgr.GetRootElement(), 1), ZELT_SUCCESS);
     const std::wstring key = TypeParam::kList;
-    EXPECT_EQ(mgr.calls, (std::vector<std::wstring>{
-                             L"AddElement " + key + L" 1", L"AddElement StringValue 3",
-                             L"SetStringAttribute StringValue", L"AddElement StringValue 3",
-                             L"SetStringAttribute StringValue"}));
+    EXPECT_EQ(mgr.calls,
+              (std::vector<std::wstring>{AddElementCall(key, ZELT_ADD_ARRAY),
+                                         AddElementCall(L"StringValue", ZELT_ADD_PARENT_FOR_STRING),
+                                         L"SetStringAttribute StringValue",
+                                         AddElementCall(L"StringValue", ZELT_ADD_PARENT_FOR_STRING),
+                                         L"SetStringAttribute StringValue"}));
     JSONNode* array = mgr.GetElement(nullptr, TypeParam::kList);
     EXPECT_EQ(mgr.attributeNodes, (std::vector<JSONNode*>{array, array}));
 }

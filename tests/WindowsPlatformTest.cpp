@@ -79,7 +79,7 @@ TEST_F(WindowsPlatformTest, LoneSurrogatesBecomeReplacementCharacter) {
         L"b\xDC00"
         L"c\xDE00\xD83D";
     ASSERT_EQ(manager_->SetStringAttribute(root_, L"s", value.c_str()), ZELT_SUCCESS);
-    ASSERT_NE(manager_->AddElement(root_, L"\xDBFF", 0), nullptr);
+    ASSERT_NE(manager_->AddElement(root_, L"\xDBFF", ZELT_ADD_OBJECT), nullptr);
     const std::string r = kReplacementUtf8;
     EXPECT_EQ(SavedText(*manager_),
               "{ \"s\": \"a" + r + "b" + r + "c" + r + r + "\", \"" + r + "\": { } }");

@@ -12,6 +12,21 @@
 #include <zelt/Export.h>
 #include <zelt/Types.h>
 
+/// AddElement type code: adds a new empty object under the parent (appended
+/// to an array parent, replacing a member of the same name in an object).
+inline constexpr int ZELT_ADD_OBJECT = 0;
+/// AddElement type code: adds a new empty array as a member of the parent,
+/// which must be an object.
+inline constexpr int ZELT_ADD_ARRAY = 1;
+/// AddElement type code: the same as ZELT_ADD_ARRAY.
+inline constexpr int ZELT_ADD_ARRAY_ALTERNATIVE = 2;
+/// AddElement type code: creates nothing and gives back the parent itself;
+/// the elements pass it before setting a string attribute on the parent.
+inline constexpr int ZELT_ADD_PARENT_FOR_STRING = 3;
+/// AddElement type code: creates nothing and gives back the parent itself;
+/// the elements pass it before setting a DWORD attribute on the parent.
+inline constexpr int ZELT_ADD_PARENT_FOR_DWORD = 4;
+
 /// The JSON document manager: owns one document and reads and changes it by
 /// named members. The virtual slot order of this interface is part of the
 /// binary contract. One manager is used by one thread at a time.
@@ -53,10 +68,11 @@ public:
     /// that exists replaces it and moves it to the end of its object.
     ///@{
 
-    /// Adds an object (type 0) or an array (type 1 or 2) as member name of
-    /// parent (an object added to an array is appended), or gives parent back
-    /// (type 3 or 4). The new node, borrowed; null for a null name, a name
-    /// that does not convert or an unknown type.
+    /// Adds an object (type ZELT_ADD_OBJECT) or an array (ZELT_ADD_ARRAY or
+    /// ZELT_ADD_ARRAY_ALTERNATIVE) as member name of parent (an object added to
+    /// an array is appended), or gives parent back (ZELT_ADD_PARENT_FOR_STRING
+    /// or ZELT_ADD_PARENT_FOR_DWORD). The new node, borrowed; null for a null
+    /// name, a name that does not convert or any other type.
     virtual JSONNode* AddElement(JSONNode* parent, const wchar_t* name, int type) = 0;
     /// The value of member name of parent, borrowed; null when it is missing,
     /// is JSON null or parent is not an object.

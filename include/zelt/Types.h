@@ -31,7 +31,9 @@ inline constexpr int ZELT_FAILED = -101;    ///< conversion, parse, allocation o
 inline constexpr int ZELT_BAD_ARGUMENT =
     -102;  ///< null pointer, length mismatch, wrong node kind, unopenable file
 inline constexpr int ZELT_BUFFER_TOO_SMALL = -103;  ///< the needed length has been written back
-inline constexpr int ZELT_NOTHING_TO_SAVE = -105;   ///< no document, or it gave no text
+/// SaveToJSONFile only, when the manager holds no document: the file has been
+/// opened (created or emptied) and is left empty.
+inline constexpr int ZELT_NOTHING_TO_SAVE = -105;
 ///@}
 
 #endif  // ZELT_TYPES_H

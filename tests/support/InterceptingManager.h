@@ -20,6 +20,11 @@
 
 #include "support/ManagerTesting.h"
 
+// What InterceptingManager records for AddElement(parent, name, type).
+inline std::wstring AddElementCall(const std::wstring& name, int type) {
+    return L"AddElement " + name + L" " + std::to_wstring(type);
+}
+
 class InterceptingManager final : public IJSONManager {
 public:
     // One scripted answer of GetStringAttribute: the result, the length to

@@ -1,4 +1,4 @@
-#include "manager/DebugDump.h"
+#include "diagnostics/DebugDumpCallback.h"
 
 namespace {
 DebugDumpCallback debugDumpCallback = nullptr;
