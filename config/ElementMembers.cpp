@@ -4,7 +4,8 @@ namespace VextorJSConfig {
 
 int SetRequiredDWORD(DWORD& member, const DWORD* value, const wchar_t* element,
                      const wchar_t* key) {
-    if (value == nullptr) return ReportFailure(Message::SetAttributeNull(element, key));
+    if (value == nullptr)
+        return ReportFailure(Message::Attribute(Message::AttributeFailure::SetNull, element, key));
     member = *value;
     return ZELT_SUCCESS;
 }
@@ -24,7 +25,8 @@ int GetOptional(const OptionalDWORD& member, DWORD* out) {
 
 int SetRequiredString(std::wstring& member, const std::wstring* value, const wchar_t* element,
                       const wchar_t* key) {
-    if (value == nullptr) return ReportFailure(Message::SetAttributeNull(element, key));
+    if (value == nullptr)
+        return ReportFailure(Message::Attribute(Message::AttributeFailure::SetNull, element, key));
     member.clear();
     if (value != &member) member = *value;
     return ZELT_SUCCESS;

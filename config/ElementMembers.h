@@ -79,6 +79,11 @@ Interface* NewClearedElement() {
     return element;
 }
 
+// Defines the exported factory Name_CreateNewInstance of the element IName,
+// implemented by CName. The exported names are part of the binary contract.
+#define ZELT_ELEMENT_FACTORY(Name) \
+    I##Name* Name##_CreateNewInstance() { return NewClearedElement<I##Name, C##Name>(); }
+
 // Required DWORD setter: null is refused with the set-Attribute message.
 int SetRequiredDWORD(DWORD& member, const DWORD* value, const wchar_t* element, const wchar_t* key);
 // Optional DWORD: null makes it absent (value 0).

@@ -4,6 +4,8 @@
 
 #include <zelt/Types.h>
 
+#include <iterator>
+
 namespace VextorJSConfig {
 
 void DeliverMessage(const std::wstring& text) {
@@ -40,41 +42,30 @@ std::wstring ElementNodeMissing(const wchar_t* element) {
     // The only text with a blank after "element:".
     return std::wstring(kPrefix) + L"required element pointer is NULL. element: " + element;
 }
-std::wstring WriteRequiredChild(const wchar_t* child) {
-    return ElementText(L"write require element failed.", child);
+// The situations in the order of ChildFailure and AttributeFailure.
+// Contract: the agent's logs are read by these words, so they stay exactly as
+// they are, typing slips and double blanks included.
+constexpr const wchar_t* kChildSituations[] = {
+    L"write require element failed.",          L"write optional element failed.",
+    L"write none to multiple element failed.", L"read require element failed.",
+    L"read  optional element failed.",         L"read  multiple element failed.",
+};
+constexpr const wchar_t* kAttributeSituations[] = {
+    L"write required DWORD Attribute failed.",
+    L"write optional DWORD Attribute failed.",
+    L"write required string Attribute failed.",
+    L"read required dword/bool Attribute failed.",
+    L"read required String Attribute failed.",
+    L"set Attribute failed due to parama pointer is NULL.",
+};
+static_assert(std::size(kChildSituations) == static_cast<int>(ChildFailure::ReadListEntry) + 1);
+static_assert(std::size(kAttributeSituations) == static_cast<int>(AttributeFailure::SetNull) + 1);
+
+std::wstring Child(ChildFailure failure, const wchar_t* child) {
+    return ElementText(kChildSituations[static_cast<int>(failure)], child);
 }
-std::wstring WriteOptionalChild(const wchar_t* child) {
-    return ElementText(L"write optional element failed.", child);
-}
-std::wstring WriteListEntry(const wchar_t* entry) {
-    return ElementText(L"write none to multiple element failed.", entry);
-}
-std::wstring ReadRequiredChild(const wchar_t* child) {
-    return ElementText(L"read require element failed.", child);
-}
-std::wstring ReadOptionalChild(const wchar_t* child) {
-    return ElementText(L"read  optional element failed.", child);
-}
-std::wstring ReadListEntry(const wchar_t* entry) {
-    return ElementText(L"read  multiple element failed.", entry);
-}
-std::wstring WriteRequiredDWORD(const wchar_t* element, const wchar_t* key) {
-    return AttributeText(L"write required DWORD Attribute failed.", element, key);
-}
-std::wstring WriteOptionalDWORD(const wchar_t* element, const wchar_t* key) {
-    return AttributeText(L"write optional DWORD Attribute failed.", element, key);
-}
-std::wstring WriteString(const wchar_t* element, const wchar_t* key) {
-    return AttributeText(L"write required string Attribute failed.", element, key);
-}
-std::wstring ReadRequiredDWORD(const wchar_t* element, const wchar_t* key) {
-    return AttributeText(L"read required dword/bool Attribute failed.", element, key);
-}
-std::wstring ReadRequiredString(const wchar_t* element, const wchar_t* key) {
-    return AttributeText(L"read required String Attribute failed.", element, key);
-}
-std::wstring SetAttributeNull(const wchar_t* element, const wchar_t* key) {
-    return AttributeText(L"set Attribute failed due to parama pointer is NULL.", element, key);
+std::wstring Attribute(AttributeFailure failure, const wchar_t* element, const wchar_t* key) {
+    return AttributeText(kAttributeSituations[static_cast<int>(failure)], element, key);
 }
 std::wstring SetChildNull(const wchar_t* child) {
     return ElementText(L"Set element failed due to param is NULL.", child);

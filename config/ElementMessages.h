@@ -23,19 +23,27 @@ std::wstring WriteNoManager();
 std::wstring ReadNoManager();
 // The element's own node could not be created (or a list got no parent).
 std::wstring ElementNodeMissing(const wchar_t* element);
-std::wstring WriteRequiredChild(const wchar_t* child);
-std::wstring WriteOptionalChild(const wchar_t* child);
-std::wstring WriteListEntry(const wchar_t* entry);
-std::wstring ReadRequiredChild(const wchar_t* child);
-std::wstring ReadOptionalChild(const wchar_t* child);
-std::wstring ReadListEntry(const wchar_t* entry);
-std::wstring WriteRequiredDWORD(const wchar_t* element, const wchar_t* key);
-std::wstring WriteOptionalDWORD(const wchar_t* element, const wchar_t* key);
-// Used for optional strings too: the format has no optional-string text.
-std::wstring WriteString(const wchar_t* element, const wchar_t* key);
-std::wstring ReadRequiredDWORD(const wchar_t* element, const wchar_t* key);
-std::wstring ReadRequiredString(const wchar_t* element, const wchar_t* key);
-std::wstring SetAttributeNull(const wchar_t* element, const wchar_t* key);
+// What failed for a child or a list entry.
+enum class ChildFailure {
+    WriteRequired,
+    WriteOptional,
+    WriteListEntry,
+    ReadRequired,
+    ReadOptional,
+    ReadListEntry,
+};
+std::wstring Child(ChildFailure failure, const wchar_t* child);
+// What failed for an attribute. WriteString serves optional strings too: the
+// format has no optional-string text.
+enum class AttributeFailure {
+    WriteRequiredDWORD,
+    WriteOptionalDWORD,
+    WriteString,
+    ReadRequiredDWORD,
+    ReadRequiredString,
+    SetNull,
+};
+std::wstring Attribute(AttributeFailure failure, const wchar_t* element, const wchar_t* key);
 std::wstring SetChildNull(const wchar_t* child);
 }  // namespace Message
 

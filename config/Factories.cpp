@@ -12,32 +12,16 @@
 
 namespace VextorJSConfig {
 
-IVextorJSConfig* VextorJSConfig_CreateNewInstance() {
-    return NewClearedElement<IVextorJSConfig, CVextorJSConfig>();
-}
-IClientSetting* ClientSetting_CreateNewInstance() {
-    return NewClearedElement<IClientSetting, CClientSetting>();
-}
-ICommunication* Communication_CreateNewInstance() {
-    return NewClearedElement<ICommunication, CCommunication>();
-}
-IHTTPS* HTTPS_CreateNewInstance() { return NewClearedElement<IHTTPS, CHTTPS>(); }
-IAdvancedRule* AdvancedRule_CreateNewInstance() {
-    return NewClearedElement<IAdvancedRule, CAdvancedRule>();
-}
-IEnforceList* EnforceList_CreateNewInstance() {
-    return NewClearedElement<IEnforceList, CEnforceList>();
-}
-IWhiteList* WhiteList_CreateNewInstance() { return NewClearedElement<IWhiteList, CWhiteList>(); }
-IContentUploadChannel* ContentUploadChannel_CreateNewInstance() {
-    return NewClearedElement<IContentUploadChannel, CContentUploadChannel>();
-}
-IClientRequestHeaders* ClientRequestHeaders_CreateNewInstance() {
-    return NewClearedElement<IClientRequestHeaders, CClientRequestHeaders>();
-}
-IIPList* IPList_CreateNewInstance() { return NewClearedElement<IIPList, CIPList>(); }
-IVPNDescList* VPNDescList_CreateNewInstance() {
-    return NewClearedElement<IVPNDescList, CVPNDescList>();
-}
+ZELT_ELEMENT_FACTORY(VextorJSConfig)
+ZELT_ELEMENT_FACTORY(ClientSetting)
+ZELT_ELEMENT_FACTORY(Communication)
+ZELT_ELEMENT_FACTORY(HTTPS)
+ZELT_ELEMENT_FACTORY(AdvancedRule)
+ZELT_ELEMENT_FACTORY(EnforceList)
+ZELT_ELEMENT_FACTORY(WhiteList)
+ZELT_ELEMENT_FACTORY(ContentUploadChannel)
+ZELT_ELEMENT_FACTORY(ClientRequestHeaders)
+ZELT_ELEMENT_FACTORY(IPList)
+ZELT_ELEMENT_FACTORY(VPNDescList)
 
 }  // namespace VextorJSConfig

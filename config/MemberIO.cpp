@@ -68,19 +68,21 @@ bool MemberWriter::WriteString(const wchar_t* key, const std::wstring& value) {
 
 bool MemberWriter::RequiredDWORD(const wchar_t* key, DWORD value) {
     if (WriteDWORD(key, value)) return true;
-    DeliverMessage(Message::WriteRequiredDWORD(element_, key));
+    DeliverMessage(
+        Message::Attribute(Message::AttributeFailure::WriteRequiredDWORD, element_, key));
     return false;
 }
 
 bool MemberWriter::OptionalDWORD(const wchar_t* key, const VextorJSConfig::OptionalDWORD& member) {
     if (member.present == 0 || WriteDWORD(key, member.value)) return true;
-    DeliverMessage(Message::WriteOptionalDWORD(element_, key));
+    DeliverMessage(
+        Message::Attribute(Message::AttributeFailure::WriteOptionalDWORD, element_, key));
     return false;
 }
 
 bool MemberWriter::RequiredString(const wchar_t* key, const std::wstring& value) {
     if (WriteString(key, value)) return true;
-    DeliverMessage(Message::WriteString(element_, key));
+    DeliverMessage(Message::Attribute(Message::AttributeFailure::WriteString, element_, key));
     return false;
 }
 
@@ -96,7 +98,7 @@ bool MemberReader::RequiredDWORD(const wchar_t* key, DWORD& value) {
         value = read;
         return true;
     }
-    DeliverMessage(Message::ReadRequiredDWORD(element_, key));
+    DeliverMessage(Message::Attribute(Message::AttributeFailure::ReadRequiredDWORD, element_, key));
     return false;
 }
 
@@ -112,7 +114,8 @@ bool MemberReader::OptionalDWORD(const wchar_t* key, VextorJSConfig::OptionalDWO
 bool MemberReader::RequiredString(const wchar_t* key, std::wstring& value) {
     // A failing second step leaves the member empty and the read goes on.
     if (ReadStringInTwoSteps(mgr_, node_, key, value) != StringRead::Missing) return true;
-    DeliverMessage(Message::ReadRequiredString(element_, key));
+    DeliverMessage(
+        Message::Attribute(Message::AttributeFailure::ReadRequiredString, element_, key));
     return false;
 }
 

@@ -55,7 +55,7 @@ public:
     template <class Child>
     bool RequiredChild(const wchar_t* childName, Child& child) {
         if (child.WriteToJSONMgr(mgr_, node_, 1) == ZELT_SUCCESS) return true;
-        DeliverMessage(Message::WriteRequiredChild(childName));
+        DeliverMessage(Message::Child(Message::ChildFailure::WriteRequired, childName));
         return false;
     }
 
@@ -63,7 +63,7 @@ public:
     template <class Child>
     bool OptionalChild(const wchar_t* childName, Child& child, DWORD present) {
         if (present == 0 || child.WriteToJSONMgr(mgr_, node_, 1) == ZELT_SUCCESS) return true;
-        DeliverMessage(Message::WriteOptionalChild(childName));
+        DeliverMessage(Message::Child(Message::ChildFailure::WriteOptional, childName));
         return false;
     }
 
@@ -92,7 +92,7 @@ public:
         JSONNode* childNode = mgr_->GetElement(node_, childName);
         if (childNode != nullptr && child.ReadFromJSONMgr(mgr_, childNode) == ZELT_SUCCESS)
             return true;
-        DeliverMessage(Message::ReadRequiredChild(childName));
+        DeliverMessage(Message::Child(Message::ChildFailure::ReadRequired, childName));
         return false;
     }
 
@@ -103,7 +103,7 @@ public:
         if (childNode == nullptr) return true;
         present = 1;
         if (child.ReadFromJSONMgr(mgr_, childNode) == ZELT_SUCCESS) return true;
-        DeliverMessage(Message::ReadOptionalChild(childName));
+        DeliverMessage(Message::Child(Message::ChildFailure::ReadOptional, childName));
         return false;
     }
 

@@ -29,7 +29,8 @@ int StringList<Interface, EntryInterface, Entry, Names>::WriteToJSONMgr(IJSONMan
     int position = 1;
     for (const std::unique_ptr<Entry>& entry : entries_) {
         if (entry->WriteToJSONMgr(mgr, array, position++) != ZELT_SUCCESS)
-            return ReportFailure(Message::WriteListEntry(Names::kEntry));
+            return ReportFailure(
+                Message::Child(Message::ChildFailure::WriteListEntry, Names::kEntry));
     }
     return ZELT_SUCCESS;
 }
@@ -49,7 +50,8 @@ int StringList<Interface, EntryInterface, Entry, Names>::ReadFromJSONMgr(IJSONMa
         if (item == nullptr || entry->ReadFromJSONMgr(mgr, item) != ZELT_SUCCESS) {
             entry.reset();
             Clear();
-            return ReportFailure(Message::ReadListEntry(Names::kEntry));
+            return ReportFailure(
+                Message::Child(Message::ChildFailure::ReadListEntry, Names::kEntry));
         }
         entries_.push_back(std::move(entry));
     }
@@ -140,14 +142,8 @@ template class StringList<IVPNDescList, IVPNDescListArray, CVPNDescListArray, VP
 
 // The entries' factories stay here, beside the lists that make entries: made
 // in this file only, an entry's machinery (ElementBase.h) is made once.
-IClientRequestHeadersArray* ClientRequestHeadersArray_CreateNewInstance() {
-    return NewClearedElement<IClientRequestHeadersArray, CClientRequestHeadersArray>();
-}
-IIPListArray* IPListArray_CreateNewInstance() {
-    return NewClearedElement<IIPListArray, CIPListArray>();
-}
-IVPNDescListArray* VPNDescListArray_CreateNewInstance() {
-    return NewClearedElement<IVPNDescListArray, CVPNDescListArray>();
-}
+ZELT_ELEMENT_FACTORY(ClientRequestHeadersArray)
+ZELT_ELEMENT_FACTORY(IPListArray)
+ZELT_ELEMENT_FACTORY(VPNDescListArray)
 
 }  // namespace VextorJSConfig
