@@ -21,7 +21,8 @@ namespace {
 void WriteFile(const std::string& path, const std::uint8_t* data, std::size_t size) {
     std::FILE* file = std::fopen(path.c_str(), "wb");
     FUZZ_CHECK(file != nullptr);
-    FUZZ_CHECK(std::fwrite(data, 1, size, file) == size);
+    // The replay gives an empty input as a null pointer, which fwrite must not get.
+    FUZZ_CHECK(size == 0 || std::fwrite(data, 1, size, file) == size);
     FUZZ_CHECK(std::fclose(file) == 0);
 }
 
