@@ -30,11 +30,13 @@ constexpr int kCycles = 1000;
 constexpr int kCyclesPerInvalidRead = 10;
 
 // Messages are kept by the thread that delivers them, and counted for all.
-thread_local std::vector<std::wstring> deliveredOnThisThread;
+// Each thread points to its own list; a plain pointer, since mingw-w64's
+// thread-local objects with destructors crash when their thread ends.
+thread_local std::vector<std::wstring>* messagesOfThisThread = nullptr;
 std::atomic<std::size_t> deliveredInAll{0};
 
 void DeliverMessage(const wchar_t* message) {
-    deliveredOnThisThread.push_back(message);
+    messagesOfThisThread->push_back(message);
     deliveredInAll.fetch_add(1, std::memory_order_relaxed);
 }
 
@@ -79,6 +81,7 @@ std::string RunCycle(IJSONManager& manager, IVextorJSConfig& tree, const std::st
 // export, which would switch the shared callback off for every thread.
 void RunThread(const Documents& documents, const std::string& path, int thread,
                ThreadOutcome& outcome) {
+    messagesOfThisThread = &outcome.messages;
     ManagerPtr manager = NewManager();
     std::unique_ptr<IVextorJSConfig> tree(VextorJSConfig_CreateNewInstance());
     for (int cycle = 0; cycle < kCycles && outcome.firstFailure.empty(); ++cycle) {
@@ -88,17 +91,17 @@ void RunThread(const Documents& documents, const std::string& path, int thread,
         else
             ++outcome.cyclesDone;
     }
-    outcome.messages = std::move(deliveredOnThisThread);
 }
 
 // The messages of one failed read of the invalid document, on this thread.
 std::vector<std::wstring> MessagesOfOneInvalidRead(const Documents& documents) {
+    std::vector<std::wstring> messages;
+    messagesOfThisThread = &messages;
     ManagerPtr manager = NewManager();
     std::unique_ptr<IVextorJSConfig> tree(VextorJSConfig_CreateNewInstance());
     EXPECT_TRUE(Import(*manager, documents.invalid));
     EXPECT_EQ(tree->ReadFromJSONMgr(manager.get(), manager->GetRootElement()), ZELT_FAILED);
-    std::vector<std::wstring> messages = std::move(deliveredOnThisThread);
-    deliveredOnThisThread.clear();
+    messagesOfThisThread = nullptr;
     deliveredInAll = 0;
     return messages;
 }
