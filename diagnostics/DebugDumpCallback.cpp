@@ -1,9 +1,19 @@
 #include "diagnostics/DebugDumpCallback.h"
 
+#include <atomic>
+
 namespace {
-DebugDumpCallback debugDumpCallback = nullptr;
+// Relaxed loads and stores are the plain moves of an unguarded pointer on
+// the systems the library runs on; being atomic, a store on one thread while
+// another reports is no data race, though which callback that report reaches
+// is not defined.
+std::atomic<DebugDumpCallback> debugDumpCallback{nullptr};
+}  // namespace
+
+DebugDumpCallback CurrentDebugDumpCallback() {
+    return debugDumpCallback.load(std::memory_order_relaxed);
 }
 
-DebugDumpCallback CurrentDebugDumpCallback() { return debugDumpCallback; }
-
-void StoreDebugDumpCallback(DebugDumpCallback callback) { debugDumpCallback = callback; }
+void StoreDebugDumpCallback(DebugDumpCallback callback) {
+    debugDumpCallback.store(callback, std::memory_order_relaxed);
+}

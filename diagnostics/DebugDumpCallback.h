@@ -6,8 +6,8 @@
 
 #include <zelt/Types.h>
 
-// The callback as it stands at this moment (null when none is set). It is a
-// plain pointer, neither locked nor atomic.
+// The callback as it stands at this moment (null when none is set). Nothing
+// is locked: callers set it before their threads start using the library.
 DebugDumpCallback CurrentDebugDumpCallback();
 void StoreDebugDumpCallback(DebugDumpCallback callback);
 

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <string>
 
 // Stops the program so that the fuzzer keeps the input; the replay test
@@ -115,7 +116,18 @@ inline constexpr const wchar_t* kConfigurationKeys[] = {L"ClientSetting",
                                                         L"FileTypesToScan",
                                                         L"StringValue"};
 
-// A path of its own for each process, for the targets that save.
-std::string FuzzSavePath();
+struct DestroyManager {
+    void operator()(IJSONManager* manager) const { zeltDestroyJSONManager(manager); }
+};
+using ManagerPtr = std::unique_ptr<IJSONManager, DestroyManager>;
+
+// A file path of its own for each process and name.
+std::string FuzzFilePath(const char* name);
+
+// What saving the manager's document writes; the save must succeed.
+std::string SavedText(IJSONManager& manager);
+
+// The path as the manager's wide file name.
+std::wstring WidePath(const std::string& path);
 
 #endif  // ZELT_FUZZ_FUZZINPUT_H

@@ -21,11 +21,6 @@
 
 namespace {
 
-struct DestroyManager {
-    void operator()(IJSONManager* manager) const { zeltDestroyJSONManager(manager); }
-};
-using ManagerPtr = std::unique_ptr<IJSONManager, DestroyManager>;
-
 json_type Kind(JSONNode* node) {
     return json_object_get_type(reinterpret_cast<json_object*>(node));
 }

@@ -20,11 +20,6 @@ namespace {
 
 using namespace VextorJSConfig;
 
-struct DestroyManager {
-    void operator()(IJSONManager* manager) const { zeltDestroyJSONManager(manager); }
-};
-using ManagerPtr = std::unique_ptr<IJSONManager, DestroyManager>;
-
 // The tree as lines "key=value", in a fixed order; absent members say so.
 class Flattened {
 public:
@@ -142,16 +137,6 @@ std::vector<std::wstring> Flatten(IVextorJSConfig& root) {
     return out.lines;
 }
 
-std::string Saved(IJSONManager& manager) {
-    const std::string path = FuzzSavePath();
-    std::wstring widePath(path.begin(), path.end());
-    FUZZ_CHECK(manager.SaveToJSONFile(widePath.c_str()) == ZELT_SUCCESS);
-    std::ifstream in(path, std::ios::binary);
-    std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    std::remove(path.c_str());
-    return bytes;
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -174,7 +159,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     FUZZ_CHECK(tree->WriteToJSONMgr(first.get(), nullptr, 1) == ZELT_SUCCESS);
-    const std::string saved = Saved(*first);
+    const std::string saved = SavedText(*first);
 
     ManagerPtr second(zeltCreateJSONManager(nullptr, 0));
     FUZZ_CHECK(second->ImportFromJSONString(saved.c_str(), static_cast<int>(saved.size())) ==
@@ -183,6 +168,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FUZZ_CHECK(again->ReadFromJSONMgr(second.get(), second->GetRootElement()) == ZELT_SUCCESS);
     FUZZ_CHECK(Flatten(*tree) == Flatten(*again));
     FUZZ_CHECK(again->WriteToJSONMgr(second.get(), nullptr, 1) == ZELT_SUCCESS);
-    FUZZ_CHECK(Saved(*second) == saved);
+    FUZZ_CHECK(SavedText(*second) == saved);
     return 0;
 }

@@ -17,11 +17,6 @@ namespace {
 using namespace VextorJSConfig;
 using Model = std::vector<std::wstring>;
 
-struct DestroyManager {
-    void operator()(IJSONManager* manager) const { zeltDestroyJSONManager(manager); }
-};
-using ManagerPtr = std::unique_ptr<IJSONManager, DestroyManager>;
-
 constexpr std::size_t kMaxValueUnits = 24;
 
 // What a text becomes after a trip through UTF-8: invalid code points turn

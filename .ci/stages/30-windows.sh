@@ -43,3 +43,4 @@ if [ ! -f "$prefix/lib/libgtest.a" ]; then
 fi
 
 cmake --workflow --preset windows
+.ci/check-skips build/windows .ci/expected-skips/30-windows.txt

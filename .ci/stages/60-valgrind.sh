@@ -9,3 +9,4 @@ apt-get -o DPkg::Lock::Timeout=600 install -y --no-install-recommends cmake ninj
   pkg-config libjson-c-dev libgtest-dev libgmock-dev valgrind
 export CI=${CI:-true}
 cmake --workflow --preset valgrind
+.ci/check-skips build/valgrind .ci/expected-skips/60-valgrind.txt
