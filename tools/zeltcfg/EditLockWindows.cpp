@@ -10,11 +10,15 @@ namespace zeltcfg::edit_lock {
 
 bool LockFilePath(const std::string& argument, std::string& path) {
     if (argument == kStandardInput) return false;
-    const DWORD attributes = GetFileAttributesW(WidePath(argument).c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
-        return false;
     path = argument + ".lock";
-    return true;
+    // Replacing a file is not one step everywhere (not under Wine): while
+    // another process replaces it, the file can be missing for a moment. Its
+    // lock file is there all the while, and waiting for the lock waits for
+    // the file.
+    const DWORD attributes = GetFileAttributesW(WidePath(argument).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES)
+        return GetFileAttributesW(WidePath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
 FileHandle OpenLockFile(const std::string& path, const std::string& name) {
