@@ -45,6 +45,10 @@ expect 'zeltcfg --v' '--version'
 expect 'zeltcfg check --s' '--strict'
 expect 'zeltcfg show --' '--json --help'
 expect 'zeltcfg fmt --c' '--check'
+expect 'zeltcfg fmt --' '--check --wait --help'
+expect 'zeltcfg remove --w' '--wait'
+expect 'zeltcfg set --wait ' ''
+expect 'zeltcfg set --wait 10 minimal.json /ClientSetting/HTTPS/S' '/ClientSetting/HTTPS/SSLFilter'
 expect 'zeltcfg check f' 'full.json'
 expect 'zeltcfg get full.json /' \
     '/ClientSetting/ /AdvancedRule/ /ContentUploadChannel/ /ProfileName /SchemaVersion

@@ -54,8 +54,9 @@ public:
     FileReplacement& operator=(const FileReplacement&) = delete;
 
     TemporaryFile& file() { return *file_; }
-    // Puts the new file in place of the original; throws Failure, leaving
-    // the original as it was.
+    // Puts the new file in place of the original and, on Linux, flushes the
+    // folder to disk; throws Failure, leaving the original as it was, or the
+    // new text in place when only flushing the folder fails.
     void Commit();
 
 private:

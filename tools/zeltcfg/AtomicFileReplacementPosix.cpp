@@ -22,6 +22,20 @@ std::string FolderOf(const std::string& path) {
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
+// The rename is on disk only once the folder is: until then a power loss
+// can bring the old file back after success was reported.
+void FlushFolder(const std::string& path, const std::string& name) {
+    const int folder = open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int error = folder < 0 || fsync(folder) != 0 ? errno : 0;
+    if (folder >= 0) close(folder);
+    if (error != 0)
+        throw Failure(kExitInputOutput,
+                      name +
+                          ": the new text is in place, but the folder cannot be flushed to "
+                          "disk: " +
+                          ErrorText(error) + "; a power loss may still undo the change");
+}
+
 }  // namespace
 
 TemporaryFile::TemporaryFile(const std::string& folder, const std::string& stem) {
@@ -82,12 +96,7 @@ void FileReplacement::Commit() {
     if (rename(file_->path_.c_str(), original_->target.c_str()) != 0)
         fail("cannot replace the file");
     file_->renamed_ = true;
-    const int directory =
-        open(FolderOf(original_->target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (directory >= 0) {
-        fsync(directory);
-        close(directory);
-    }
+    FlushFolder(original_->target, name_);
 }
 
 }  // namespace zeltcfg

@@ -2,6 +2,7 @@
 
 #include "ConfigurationModel.h"
 #include "Document.h"
+#include "EditLock.h"
 #include "Failure.h"
 #include "Lint.h"
 #include "MemberPath.h"
@@ -9,6 +10,7 @@
 #include "TextEncoding.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace zeltcfg {
 
@@ -90,6 +92,21 @@ void WarnOfDroppedMembers(const Document& document) {
 void Save(Document& document) {
     WarnOfDroppedMembers(document);
     SaveDocument(document);
+}
+
+// Rewrites one file, or with check names it if it would change; throws
+// Failure when the save fails.
+int FormatFile(const std::string& file, bool check) {
+    Document document;
+    const int result = LoadDocument(file, LoadOptions{}, document);
+    if (result != kExitSuccess) return result;
+    if (!check) {
+        Save(document);
+        return kExitSuccess;
+    }
+    if (WriteConfigurationText(*document.configuration) == document.text) return kExitSuccess;
+    PrintOutput(document.name + "\n");
+    return kExitInvalid;
 }
 
 std::string SchemaOf(const SchemaNode& node, int depth, std::vector<std::string> fields = {}) {
@@ -200,7 +217,9 @@ int RunGet(const std::string& file, const std::string& path) {
     return kExitSuccess;
 }
 
-int RunSet(const std::string& file, const std::string& path, const std::string& value) {
+int RunSet(const std::string& file, const std::string& path, const std::string& value,
+           double waitSeconds) {
+    const EditLock lock(file, file, waitSeconds);
     Document document = LoadOrFail(file);
     const ResolvedPath target = Resolve(document, path, AbsentParents::Create);
     const Member& member = target.member;
@@ -228,7 +247,8 @@ int RunSet(const std::string& file, const std::string& path, const std::string& 
     return kExitSuccess;
 }
 
-int RunUnset(const std::string& file, const std::string& path) {
+int RunUnset(const std::string& file, const std::string& path, double waitSeconds) {
+    const EditLock lock(file, file, waitSeconds);
     Document document = LoadOrFail(file);
     const ResolvedPath target = Resolve(document, path, AbsentParents::Keep);
     const Member& member = target.member;
@@ -253,7 +273,9 @@ int RunUnset(const std::string& file, const std::string& path) {
     return kExitSuccess;
 }
 
-int RunAdd(const std::string& file, const std::string& path, const std::string& value) {
+int RunAdd(const std::string& file, const std::string& path, const std::string& value,
+           double waitSeconds) {
+    const EditLock lock(file, file, waitSeconds);
     Document document = LoadOrFail(file);
     const ResolvedPath target = Resolve(document, path, AbsentParents::Create);
     if (target.entry || target.kind != MemberKind::List)
@@ -266,7 +288,9 @@ int RunAdd(const std::string& file, const std::string& path, const std::string& 
     return kExitSuccess;
 }
 
-int RunRemove(const std::string& file, const std::string& path, const std::string& index) {
+int RunRemove(const std::string& file, const std::string& path, const std::string& index,
+              double waitSeconds) {
+    const EditLock lock(file, file, waitSeconds);
     Document document = LoadOrFail(file);
     const ResolvedPath target = Resolve(document, path, AbsentParents::Keep);
     if (target.entry || target.kind != MemberKind::List)
@@ -298,20 +322,14 @@ int RunRemove(const std::string& file, const std::string& path, const std::strin
     return kExitSuccess;
 }
 
-int RunFormat(const std::vector<std::string>& files, bool check) {
+int RunFormat(const std::vector<std::string>& files, bool check, double waitSeconds) {
     int worst = kExitSuccess;
     for (const std::string& file : files) {
-        Document document;
-        int result = LoadDocument(file, LoadOptions{}, document);
+        int result;
         try {
-            if (result == kExitSuccess && check) {
-                if (WriteConfigurationText(*document.configuration) != document.text) {
-                    PrintOutput(document.name + "\n");
-                    result = kExitInvalid;
-                }
-            } else if (result == kExitSuccess) {
-                Save(document);
-            }
+            std::optional<EditLock> lock;
+            if (!check) lock.emplace(file, file, waitSeconds);
+            result = FormatFile(file, check);
         } catch (const Failure& failure) {
             PrintError("%s\n", failure.what());
             result = failure.code;

@@ -11,11 +11,16 @@ namespace zeltcfg {
 int RunCheck(const std::vector<std::string>& files, bool verbose, bool strict);
 int RunShow(const std::string& file, bool json);
 int RunGet(const std::string& file, const std::string& path);
-int RunSet(const std::string& file, const std::string& path, const std::string& value);
-int RunUnset(const std::string& file, const std::string& path);
-int RunAdd(const std::string& file, const std::string& path, const std::string& value);
-int RunRemove(const std::string& file, const std::string& path, const std::string& index);
-int RunFormat(const std::vector<std::string>& files, bool check);
+// The changing commands wait up to waitSeconds while another process changes
+// the same file (see EditLock.h).
+int RunSet(const std::string& file, const std::string& path, const std::string& value,
+           double waitSeconds);
+int RunUnset(const std::string& file, const std::string& path, double waitSeconds);
+int RunAdd(const std::string& file, const std::string& path, const std::string& value,
+           double waitSeconds);
+int RunRemove(const std::string& file, const std::string& path, const std::string& index,
+              double waitSeconds);
+int RunFormat(const std::vector<std::string>& files, bool check, double waitSeconds);
 int RunNew();
 int RunSchema();
 

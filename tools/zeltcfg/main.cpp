@@ -5,8 +5,10 @@
 //   zeltcfg get FILE PATH                   zeltcfg set FILE PATH VALUE
 //   zeltcfg unset FILE PATH                 zeltcfg add FILE PATH VALUE
 //   zeltcfg remove FILE PATH INDEX          zeltcfg fmt [--check] FILE...
+// The changing commands (set, unset, add, remove, fmt) take --wait SECONDS.
 //   zeltcfg new                             zeltcfg schema
 #include "Commands.h"
+#include "EditLock.h"
 #include "Failure.h"
 #include "MessageCapture.h"
 #include "StandardStreams.h"
@@ -16,6 +18,7 @@
 #include <CLI/CLI.hpp>
 
 #include <csignal>
+#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -32,6 +35,7 @@ struct Arguments {
     std::vector<std::string> files;
     std::string file, path, value, index;
     bool verbose = false, strict = false, json = false, check = false;
+    double wait = zeltcfg::kDefaultWaitSeconds;
 };
 
 CLI::App* AddFileCommand(CLI::App& app, const char* name, const char* description,
@@ -39,6 +43,30 @@ CLI::App* AddFileCommand(CLI::App& app, const char* name, const char* descriptio
     CLI::App* command = app.add_subcommand(name, description);
     command->add_option("FILE", arguments.file, kFileHelp)->required();
     return command;
+}
+
+// A wait of whole or decimal seconds, bounded so that the deadline it makes
+// cannot overflow the clock.
+std::string CheckWaitSeconds(const std::string& text) {
+    constexpr double kLongestWait = 1000000;
+    char* end = nullptr;
+    const double seconds = std::strtod(text.c_str(), &end);
+    if (text.empty() || *end != '\0' || !(seconds >= 0 && seconds <= kLongestWait))
+        return "expected a number of seconds from 0 to 1000000, such as 5 or 0.5; got \"" + text +
+               "\"";
+    return "";
+}
+
+// The option of the changing commands that bounds the wait for another
+// process changing the same file.
+void AddWaitOption(CLI::App& command, Arguments& arguments) {
+    command
+        .add_option("--wait", arguments.wait,
+                    "seconds to wait while another process changes the file, then give up "
+                    "with exit code 3; 0 tries once")
+        ->type_name("SECONDS")
+        ->check(CLI::Validator(CheckWaitSeconds, ""))
+        ->capture_default_str();
 }
 
 void DefineCommands(CLI::App& app, Arguments& arguments) {
@@ -62,24 +90,28 @@ void DefineCommands(CLI::App& app, Arguments& arguments) {
     set->add_option("PATH", arguments.path, kPathHelp)->required();
     set->add_option("VALUE", arguments.value, "the new value (integers: 0 to 4294967295)")
         ->required();
+    AddWaitOption(*set, arguments);
 
-    AddFileCommand(app, "unset", "Make an optional member absent", arguments)
-        ->add_option("PATH", arguments.path, kPathHelp)
-        ->required();
+    CLI::App* unset = AddFileCommand(app, "unset", "Make an optional member absent", arguments);
+    unset->add_option("PATH", arguments.path, kPathHelp)->required();
+    AddWaitOption(*unset, arguments);
 
     CLI::App* add = AddFileCommand(app, "add", "Append an entry to a list", arguments);
     add->add_option("PATH", arguments.path, "path of the list")->required();
     add->add_option("VALUE", arguments.value, "the new entry")->required();
+    AddWaitOption(*add, arguments);
 
     CLI::App* remove = AddFileCommand(app, "remove", "Remove an entry from a list", arguments);
     remove->add_option("PATH", arguments.path, "path of the list")->required();
     remove->add_option("INDEX", arguments.index, "0-based index of the entry")->required();
+    AddWaitOption(*remove, arguments);
 
     CLI::App* format =
         app.add_subcommand("fmt", "Rewrite files in the library's layout through the typed tree");
     format->add_option("FILE", arguments.files, kFileHelp)->required();
     format->add_flag("--check", arguments.check,
                      "write nothing; name the files that would change and exit 1 if any");
+    AddWaitOption(*format, arguments);
 
     app.add_subcommand("new",
                        "Print a new configuration with every required member at its "
@@ -93,11 +125,11 @@ int Dispatch(const CLI::App& app, const Arguments& a) {
     if (name == "check") return RunCheck(a.files, a.verbose, a.strict);
     if (name == "show") return RunShow(a.file, a.json);
     if (name == "get") return RunGet(a.file, a.path);
-    if (name == "set") return RunSet(a.file, a.path, a.value);
-    if (name == "unset") return RunUnset(a.file, a.path);
-    if (name == "add") return RunAdd(a.file, a.path, a.value);
-    if (name == "remove") return RunRemove(a.file, a.path, a.index);
-    if (name == "fmt") return RunFormat(a.files, a.check);
+    if (name == "set") return RunSet(a.file, a.path, a.value, a.wait);
+    if (name == "unset") return RunUnset(a.file, a.path, a.wait);
+    if (name == "add") return RunAdd(a.file, a.path, a.value, a.wait);
+    if (name == "remove") return RunRemove(a.file, a.path, a.index, a.wait);
+    if (name == "fmt") return RunFormat(a.files, a.check, a.wait);
     if (name == "new") return RunNew();
     return RunSchema();
 }

@@ -133,6 +133,25 @@ zeltcfg_case(fmt_invalid SAMPLES broken.json minimal.json UNCHANGED broken.json
   STEPS fmt broken.json minimal.json)
 zeltcfg_case(fmt_standard_input STDIN minimal.json STEPS fmt -)
 
+# Changes that race: a changing command holds the lock file beside its file,
+# leaves it there, and gives up when another process holds it past --wait.
+zeltcfg_case(edit_while_another_process_changes_the_file SAMPLES full.json UNCHANGED full.json
+  LOCKED full.json
+  STEPS set --wait 0 full.json /ProfileName changed
+  THEN unset --wait 0 full.json /ClientSetting/FailOpen
+  THEN add --wait 0 full.json /AdvancedRule/EnforceList/IPList 10.9.0.0/16
+  THEN remove --wait 0 full.json /AdvancedRule/EnforceList/IPList 0
+  THEN fmt --wait 0 full.json
+  THEN set --wait 0.2 full.json /ProfileName changed
+  THEN get full.json /ProfileName
+  THEN fmt --check full.json)
+zeltcfg_case(edit_leaves_an_empty_lock_file SAMPLES minimal.json RESULT minimal.json.lock
+  STEPS set minimal.json /ProfileName changed
+  THEN get minimal.json /ProfileName)
+zeltcfg_case(usage_bad_wait SAMPLES minimal.json UNCHANGED minimal.json
+  STEPS set --wait -1 minimal.json /ProfileName changed
+  THEN add --wait soon minimal.json /AdvancedRule/EnforceList/IPList 10.9.0.0/16)
+
 # new and schema
 zeltcfg_case(new_configuration STEPS new)
 zeltcfg_case(schema_text STEPS schema)

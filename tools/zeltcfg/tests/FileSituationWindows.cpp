@@ -8,6 +8,9 @@
 //       FILE stays open for reading, shared for reading and writing.
 //   zeltcfg_file_situation read-only FILE PROGRAM [ARGUMENT...]
 //       FILE gets the read-only attribute before PROGRAM runs.
+//   zeltcfg_file_situation lock FILE PROGRAM [ARGUMENT...]
+//       FILE (a lock file, made if missing) stays locked exclusively with
+//       LockFileEx, as a changing zeltcfg locks it, while PROGRAM runs.
 //   zeltcfg_file_situation console FILE PROGRAM [ARGUMENT...]
 //       PROGRAM writes to this program's console; afterwards the lines it
 //       wrote there are read back from the console's screen and saved to
@@ -100,12 +103,32 @@ int RunOnConsole(int argc, wchar_t** argv, const wchar_t* file) {
     return code;
 }
 
+// PROGRAM runs while this process holds the lock on the lock file.
+int RunWhileLocked(int argc, wchar_t** argv, const wchar_t* file) {
+    const HANDLE lockFile = CreateFileW(file, GENERIC_READ | GENERIC_WRITE,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                        nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    OVERLAPPED start{};
+    if (lockFile == INVALID_HANDLE_VALUE ||
+        LockFileEx(lockFile, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0,
+                   &start) == 0) {
+        std::fprintf(stderr, "zeltcfg_file_situation: cannot lock the file (error %lu)\n",
+                     GetLastError());
+        return 125;
+    }
+    const int code = Run(argc, argv, 3);
+    UnlockFileEx(lockFile, 0, 1, 0, &start);
+    CloseHandle(lockFile);
+    return code;
+}
+
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
     if (argc < 4) {
         std::fprintf(stderr,
-                     "usage: zeltcfg_file_situation hold|hold-for-reading|read-only|console FILE "
+                     "usage: zeltcfg_file_situation hold|hold-for-reading|read-only|lock|console "
+                     "FILE "
                      "PROGRAM...\n");
         return 125;
     }
@@ -132,6 +155,7 @@ int wmain(int argc, wchar_t** argv) {
         }
         return Run(argc, argv, 3);
     }
+    if (situation == L"lock") return RunWhileLocked(argc, argv, file);
     if (situation == L"console") return RunOnConsole(argc, argv, file);
     std::fprintf(stderr, "zeltcfg_file_situation: unknown situation\n");
     return 125;

@@ -4,7 +4,8 @@
 # expected/<name>.out, .err and .code (a missing .out or .err means empty).
 # It also checks what a step must leave behind: a file byte for byte as it
 # was (UNCHANGED) or as expected/<name>.json (RESULT), its permissions (MODE)
-# and no other file in the folder or below it.
+# and no other file in the folder or below it than the lock file that a
+# changing command leaves beside its file (<file>.lock).
 #
 #   cmake -DCASE=<binary dir>/cases/<name>.cmake -P RunCase.cmake
 #
@@ -43,6 +44,10 @@ function(quote_for_shell variable)
   set(${variable} "${line}" PARENT_SCOPE)
 endfunction()
 
+if(LOCK_HOLDER)
+  # flock(1) holds the lock on the lock file while it runs the step.
+  set(launcher ${LOCK_HOLDER})
+endif()
 if(SCREEN)
   # The tool writes to a console: script(1) gives it a pseudo-terminal, and
   # what it wrote is read back from the console's screen (SCREEN).
@@ -131,6 +136,9 @@ endif()
 file(GLOB_RECURSE left LIST_DIRECTORIES true RELATIVE ${WORK_DIR} ${WORK_DIR}/*)
 set(kept ${sample_names})
 foreach(sample_name IN LISTS sample_names)
+  if(EXISTS "${WORK_DIR}/${sample_name}.lock")
+    list(APPEND kept "${sample_name}.lock")
+  endif()
   get_filename_component(folder "${sample_name}" DIRECTORY)
   while(folder)
     list(APPEND kept "${folder}")

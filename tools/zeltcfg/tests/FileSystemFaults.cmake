@@ -1,0 +1,104 @@
+# Fails, or kills, a changing command at each of its file-system calls in
+# turn (the preloaded library FileSystemFaults.cpp), for every call until the
+# command completes, and checks what each run leaves behind:
+#   - the file is byte for byte its old text or the command's new text;
+#   - after a failure, the command exits 3 with a message (or exits 0 with
+#     the new text, when the failing call was one whose failure does not
+#     matter), and no file but the file and its lock file is left;
+#   - after a kill, a leftover temporary file is not taken for the
+#     configuration: check reads the file as valid, and the same command run
+#     again succeeds.
+# It prints the number of fault points of each command.
+#
+#   cmake -DCASE=<binary dir>/cases/file_system_faults.cmake -P FileSystemFaults.cmake
+cmake_minimum_required(VERSION 3.25)
+include(${CASE})
+
+# One command line an entry, its words separated by spaces.
+set(commands
+  "set target.json /ProfileName changed"
+  "unset target.json /ClientSetting/FailOpen"
+  "add target.json /AdvancedRule/EnforceList/IPList 10.9.0.0/16"
+  "remove target.json /AdvancedRule/EnforceList/IPList 0"
+  "fmt target.json")
+set(failures "")
+set(mark ${WORK_DIR}/fault-made)
+
+# Runs the tool in folder with the fault environment given after it.
+function(run_tool folder)
+  cmake_parse_arguments(arg "" "" "ENVIRONMENT;ARGUMENTS" ${ARGN})
+  execute_process(COMMAND ${CMAKE_COMMAND} -E env ${arg_ENVIRONMENT} ${TOOL} ${arg_ARGUMENTS}
+    WORKING_DIRECTORY ${folder} RESULT_VARIABLE code OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  set(code "${code}" PARENT_SCOPE)
+  set(err "${err}" PARENT_SCOPE)
+endfunction()
+
+# The files in folder other than the target and its lock file.
+function(other_files folder variable)
+  file(GLOB found LIST_DIRECTORIES true RELATIVE ${folder} ${folder}/* ${folder}/.*)
+  list(REMOVE_ITEM found target.json target.json.lock)
+  set(${variable} "${found}" PARENT_SCOPE)
+endfunction()
+
+foreach(line IN LISTS commands)
+  string(REPLACE " " ";" command "${line}")
+  list(GET command 0 name)
+  set(clean ${WORK_DIR}/${name}-expected)
+  file(REMOVE_RECURSE ${clean})
+  file(MAKE_DIRECTORY ${clean})
+  file(COPY_FILE ${SAMPLE} ${clean}/target.json)
+  run_tool(${clean} ARGUMENTS ${command})
+  if(NOT code EQUAL 0)
+    message(FATAL_ERROR "${name} fails without faults (${code}): ${err}")
+  endif()
+  file(READ ${SAMPLE} old_text)
+  file(READ ${clean}/target.json new_text)
+  foreach(kind EIO ENOSPC EINTR KILL)
+    set(point 1)
+    while(TRUE)
+      set(folder ${WORK_DIR}/${name}-${kind})
+      file(REMOVE_RECURSE ${folder})
+      file(MAKE_DIRECTORY ${folder})
+      file(COPY_FILE ${SAMPLE} ${folder}/target.json)
+      file(REMOVE ${mark})
+      run_tool(${folder} ARGUMENTS ${command} ENVIRONMENT LD_PRELOAD=${FAULTS}
+        ZELTCFG_FAULT_AT=${point} ZELTCFG_FAULT=${kind} ZELTCFG_FAULT_MARK=${mark})
+      if(NOT EXISTS ${mark})
+        break()  # the command completed before the call with this number
+      endif()
+      set(run "${name} with ${kind} at call ${point}")
+      file(READ ${folder}/target.json text)
+      if(NOT text STREQUAL old_text AND NOT text STREQUAL new_text)
+        string(APPEND failures "${run}: the file is neither the old nor the new text\n")
+      endif()
+      other_files(${folder} others)
+      if(kind STREQUAL "KILL")
+        if(NOT others MATCHES "^(\\.target\\.json\\.zeltcfg-[A-Za-z0-9]+)?$")
+          string(APPEND failures "${run}: left ${others}\n")
+        endif()
+        run_tool(${folder} ARGUMENTS check target.json)
+        if(NOT code EQUAL 0)
+          string(APPEND failures "${run}: check then fails (${code}): ${err}\n")
+        endif()
+        run_tool(${folder} ARGUMENTS ${command})
+        if(NOT code EQUAL 0)
+          string(APPEND failures "${run}: the command run again fails (${code}): ${err}\n")
+        endif()
+      else()
+        if(NOT ((code EQUAL 3 AND NOT err STREQUAL "") OR
+                (code EQUAL 0 AND err STREQUAL "" AND text STREQUAL new_text)))
+          string(APPEND failures "${run}: exit code ${code}, message \"${err}\"\n")
+        endif()
+        if(others)
+          string(APPEND failures "${run}: left ${others}\n")
+        endif()
+      endif()
+      math(EXPR point "${point} + 1")
+    endwhile()
+    math(EXPR points "${point} - 1")
+    message(STATUS "${name}: ${points} fault points with ${kind}")
+  endforeach()
+endforeach()
+if(NOT failures STREQUAL "")
+  message(FATAL_ERROR "${failures}")
+endif()
