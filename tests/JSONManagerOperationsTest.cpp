@@ -1205,3 +1205,13 @@ TEST(JSONManagerSlotOrderTest, PointerHoldsOnePlusByteOffset) {
 }
 
 }  // namespace
+
+// The type codes are part of the binary contract: callers built against any
+// release pass these numbers.
+TEST(JSONManagerTypeCodeTest, AddElementTypeCodesKeepTheirNumbers) {
+    EXPECT_EQ(ZELT_ADD_OBJECT, 0);
+    EXPECT_EQ(ZELT_ADD_ARRAY, 1);
+    EXPECT_EQ(ZELT_ADD_ARRAY_ALTERNATIVE, 2);
+    EXPECT_EQ(ZELT_ADD_PARENT_FOR_STRING, 3);
+    EXPECT_EQ(ZELT_ADD_PARENT_FOR_DWORD, 4);
+}
