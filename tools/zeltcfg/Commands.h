@@ -21,6 +21,16 @@ int RunAdd(const std::string& file, const std::string& path, const std::string& 
 int RunRemove(const std::string& file, const std::string& path, const std::string& index,
               double waitSeconds);
 int RunFormat(const std::vector<std::string>& files, bool check, double waitSeconds);
+// Exit codes as diff(1) gives them: 0 the same, 1 different, 2 an invalid
+// configuration or usage, 3 input or output.
+int RunDiff(const std::string& first, const std::string& second, bool json);
+// patch is a file or "-"; mergePatch reads it as a JSON Merge Patch instead of
+// a JSON Patch; dryRun prints the result instead of writing the file.
+int RunPatch(const std::string& file, const std::string& patch, bool mergePatch, bool dryRun,
+             double waitSeconds);
+// Prints the result, or with output not empty writes it to that file.
+int RunMerge(const std::string& base, const std::vector<std::string>& overlays,
+             const std::string& output, double waitSeconds);
 int RunNew();
 int RunSchema();
 

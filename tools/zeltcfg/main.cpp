@@ -5,7 +5,10 @@
 //   zeltcfg get FILE PATH                   zeltcfg set FILE PATH VALUE
 //   zeltcfg unset FILE PATH                 zeltcfg add FILE PATH VALUE
 //   zeltcfg remove FILE PATH INDEX          zeltcfg fmt [--check] FILE...
-// The changing commands (set, unset, add, remove, fmt) take --wait SECONDS.
+//   zeltcfg diff [--json] A B               zeltcfg patch [--merge] FILE PATCH
+//   zeltcfg merge BASE OVERLAY... [-o OUT]
+// The changing commands (set, unset, add, remove, fmt, patch, merge -o) take
+// --wait SECONDS.
 //   zeltcfg new                             zeltcfg schema
 #include "Commands.h"
 #include "EditLock.h"
@@ -33,8 +36,9 @@ constexpr const char* kPathHelp =
 
 struct Arguments {
     std::vector<std::string> files;
-    std::string file, path, value, index;
-    bool verbose = false, strict = false, json = false, check = false;
+    std::string file, path, value, index, second, output;
+    bool verbose = false, strict = false, json = false, check = false, merge = false,
+         dryRun = false;
     double wait = zeltcfg::kDefaultWaitSeconds;
 };
 
@@ -113,6 +117,33 @@ void DefineCommands(CLI::App& app, Arguments& arguments) {
                      "write nothing; name the files that would change and exit 1 if any");
     AddWaitOption(*format, arguments);
 
+    CLI::App* diff = app.add_subcommand(
+        "diff", "Show how the configuration in SECOND differs from the one in FIRST");
+    diff->add_option("FIRST", arguments.file, kFileHelp)->required();
+    diff->add_option("SECOND", arguments.second, kFileHelp)->required();
+    diff->add_flag("--json", arguments.json,
+                   "print the differences as a JSON Patch that turns FIRST into SECOND");
+
+    CLI::App* patch = AddFileCommand(
+        app, "patch", "Apply a JSON Patch, or a JSON Merge Patch, to a configuration file",
+        arguments);
+    patch->add_option("PATCH", arguments.second, "patch file, or - for standard input")->required();
+    patch->add_flag("--merge", arguments.merge, "read PATCH as a JSON Merge Patch");
+    patch->add_flag("--dry-run", arguments.dryRun,
+                    "print the patched configuration and write nothing");
+    AddWaitOption(*patch, arguments);
+
+    CLI::App* merge = app.add_subcommand(
+        "merge", "Apply overlays (JSON Merge Patches) in order to a base configuration");
+    merge->add_option("BASE", arguments.file, kFileHelp)->required();
+    merge->add_option("OVERLAY", arguments.files, "overlay file, or - for standard input")
+        ->required();
+    merge
+        ->add_option("-o,--output", arguments.output,
+                     "write the result to this file instead of standard output")
+        ->type_name("OUT");
+    AddWaitOption(*merge, arguments);
+
     app.add_subcommand("new",
                        "Print a new configuration with every required member at its "
                        "default");
@@ -130,6 +161,9 @@ int Dispatch(const CLI::App& app, const Arguments& a) {
     if (name == "add") return RunAdd(a.file, a.path, a.value, a.wait);
     if (name == "remove") return RunRemove(a.file, a.path, a.index, a.wait);
     if (name == "fmt") return RunFormat(a.files, a.check, a.wait);
+    if (name == "diff") return RunDiff(a.file, a.second, a.json);
+    if (name == "patch") return RunPatch(a.file, a.second, a.merge, a.dryRun, a.wait);
+    if (name == "merge") return RunMerge(a.file, a.files, a.output, a.wait);
     if (name == "new") return RunNew();
     return RunSchema();
 }
