@@ -43,12 +43,15 @@ private:
 std::string TemporaryFolder();
 
 // The replacement of the file that argument names; a link is followed, so
-// that the file it names is replaced, not the link.
+// that the file it names is replaced, not the link. With MissingFile::Made a
+// file that does not exist yet is made, in the same steps, with the
+// permissions that a new file gets.
 class FileReplacement {
 public:
     // Finds the file and makes the new file beside it; throws Failure naming
     // name, the path as the user gave it.
-    FileReplacement(const std::string& argument, const std::string& name);
+    FileReplacement(const std::string& argument, const std::string& name,
+                    MissingFile missing = MissingFile::Refused);
     ~FileReplacement();
     FileReplacement(const FileReplacement&) = delete;
     FileReplacement& operator=(const FileReplacement&) = delete;

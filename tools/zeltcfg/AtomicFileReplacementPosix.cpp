@@ -64,15 +64,45 @@ struct FileReplacement::Original {
     struct stat status {};
 };
 
-FileReplacement::FileReplacement(const std::string& argument, const std::string& name)
+namespace {
+
+std::string NameOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+// What a file made at argument would be: its full path, and the permissions
+// of a new file (owner and group as made). False when argument's folder is
+// not there either.
+bool DescribeNewFile(const std::string& argument, std::string& target, struct stat& status) {
+    char folder[PATH_MAX];
+    if (realpath(FolderOf(argument).c_str(), folder) == nullptr) return false;
+    target = std::string(folder) + (std::string(folder) == "/" ? "" : "/") + NameOf(argument);
+    const mode_t mask = umask(0);
+    umask(mask);
+    status.st_mode = S_IFREG | (0666 & ~mask);
+    status.st_uid = static_cast<uid_t>(-1);
+    status.st_gid = static_cast<gid_t>(-1);
+    return true;
+}
+
+}  // namespace
+
+FileReplacement::FileReplacement(const std::string& argument, const std::string& name,
+                                 MissingFile missing)
     : name_(name), original_(std::make_unique<Original>()) {
+    const auto fail = [&name]() {
+        throw Failure(kExitInputOutput, name + ": " + ErrorText(errno) + "; the file is unchanged");
+    };
     char resolved[PATH_MAX];
-    if (realpath(argument.c_str(), resolved) == nullptr)
-        throw Failure(kExitInputOutput, name + ": " + ErrorText(errno) + "; the file is unchanged");
-    original_->target = resolved;
-    const std::string& target = original_->target;
-    if (stat(target.c_str(), &original_->status) != 0)
-        throw Failure(kExitInputOutput, name + ": " + ErrorText(errno) + "; the file is unchanged");
+    std::string& target = original_->target;
+    if (realpath(argument.c_str(), resolved) != nullptr) {
+        target = resolved;
+        if (stat(target.c_str(), &original_->status) != 0) fail();
+    } else if (errno != ENOENT || missing != MissingFile::Made ||
+               !DescribeNewFile(argument, target, original_->status)) {
+        fail();
+    }
     const std::string folder = FolderOf(target);
     file_ = std::make_unique<TemporaryFile>(folder,
                                             target.substr(folder.size() + (folder == "/" ? 0 : 1)));

@@ -97,18 +97,22 @@ std::string TemporaryFolder() {
 
 struct FileReplacement::Original {
     std::wstring target;
+    bool missing = false;  // the file is made by the rename
 };
 
 // The file is replaced by the path as given; a read-only file is refused
 // before anything is written, as Windows would refuse to replace it.
-FileReplacement::FileReplacement(const std::string& argument, const std::string& name)
+FileReplacement::FileReplacement(const std::string& argument, const std::string& name,
+                                 MissingFile missing)
     : name_(name), original_(std::make_unique<Original>()) {
     original_->target = WidePath(argument);
     const DWORD attributes = GetFileAttributesW(original_->target.c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES)
+    const DWORD code = attributes == INVALID_FILE_ATTRIBUTES ? GetLastError() : ERROR_SUCCESS;
+    original_->missing = code == ERROR_FILE_NOT_FOUND && missing == MissingFile::Made;
+    if (code != ERROR_SUCCESS && !original_->missing)
         throw Failure(kExitInputOutput,
-                      name + ": " + WindowsErrorText(GetLastError()) + "; the file is unchanged");
-    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0)
+                      name + ": " + WindowsErrorText(code) + "; the file is unchanged");
+    if (!original_->missing && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
         throw Failure(kExitInputOutput,
                       name +
                           ": the file is read-only; clear its read-only attribute (attrib -r) "
@@ -118,7 +122,8 @@ FileReplacement::FileReplacement(const std::string& argument, const std::string&
 
 FileReplacement::~FileReplacement() = default;
 
-// ReplaceFileW keeps the original's attributes and security on the new text.
+// ReplaceFileW keeps the original's attributes and security on the new text;
+// a new file keeps those it was made with in the folder.
 void FileReplacement::Commit() {
     const auto fail = [this](const char* step, DWORD code) {
         throw Failure(kExitInputOutput, name_ + ": " + step + ": " + WindowsErrorText(code) +
@@ -128,9 +133,15 @@ void FileReplacement::Commit() {
         fail("cannot flush the new text to disk", GetLastError());
     CloseHandle(file_->file_);
     file_->open_ = false;
-    if (ReplaceFileW(FullPath(original_->target).c_str(), FullPath(WidePath(file_->path_)).c_str(),
-                     nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) == 0)
+    const std::wstring target = FullPath(original_->target);
+    const std::wstring made = FullPath(WidePath(file_->path_));
+    if (original_->missing) {
+        if (MoveFileExW(made.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH) == 0)
+            fail("cannot make the file", GetLastError());
+    } else if (ReplaceFileW(target.c_str(), made.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
+                            nullptr, nullptr) == 0) {
         fail("cannot replace the file", GetLastError());
+    }
     file_->renamed_ = true;
 }
 

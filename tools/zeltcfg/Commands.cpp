@@ -78,22 +78,6 @@ void RequireSuccess(int result, const Document& document, const std::string& poi
                                         std::to_string(result) + "); the file is unchanged");
 }
 
-// Members that the typed tree does not hold are not written back.
-void WarnOfDroppedMembers(const Document& document) {
-    for (const LintFinding& finding : LintDocument(document.text, document.tree))
-        if (finding.unknownMember)
-            PrintError("%s: warning: %s: unknown member, left out of the rewritten file%s\n",
-                       document.Place(finding.offset).c_str(), finding.pointer.c_str(),
-                       finding.suggestion.empty()
-                           ? ""
-                           : ("; did you mean \"" + finding.suggestion + "\"?").c_str());
-}
-
-void Save(Document& document) {
-    WarnOfDroppedMembers(document);
-    SaveDocument(document);
-}
-
 // Rewrites one file, or with check names it if it would change; throws
 // Failure when the save fails.
 int FormatFile(const std::string& file, bool check) {
@@ -101,7 +85,7 @@ int FormatFile(const std::string& file, bool check) {
     const int result = LoadDocument(file, LoadOptions{}, document);
     if (result != kExitSuccess) return result;
     if (!check) {
-        Save(document);
+        SaveChangedDocument(document);
         return kExitSuccess;
     }
     if (WriteConfigurationText(*document.configuration) == document.text) return kExitSuccess;
@@ -243,7 +227,7 @@ int RunSet(const std::string& file, const std::string& path, const std::string& 
                           (target.pointer.empty() ? "the configuration" : target.pointer) +
                           " is an object; set one of its members");
     }
-    Save(document);
+    SaveChangedDocument(document);
     return kExitSuccess;
 }
 
@@ -269,7 +253,7 @@ int RunUnset(const std::string& file, const std::string& path, double waitSecond
         member.setText(nullptr);
     else
         member.makeAbsent();
-    Save(document);
+    SaveChangedDocument(document);
     return kExitSuccess;
 }
 
@@ -284,7 +268,7 @@ int RunAdd(const std::string& file, const std::string& path, const std::string& 
                                       ", not a list; \"zeltcfg add\" appends to a list, such as "
                                       "/AdvancedRule/EnforceList/IPList");
     target.member.addEntry(ToWide(document, value));
-    Save(document);
+    SaveChangedDocument(document);
     return kExitSuccess;
 }
 
@@ -318,7 +302,7 @@ int RunRemove(const std::string& file, const std::string& path, const std::strin
                           " has " + std::to_string(count) + (count == 1 ? " entry" : " entries") +
                           (count == 0 ? "" : ", numbered from 0 to " + std::to_string(count - 1)));
     target.member.removeEntry(*position);
-    Save(document);
+    SaveChangedDocument(document);
     return kExitSuccess;
 }
 

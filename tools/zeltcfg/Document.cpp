@@ -3,6 +3,7 @@
 #include "AtomicFileReplacement.h"
 #include "Failure.h"
 #include "InputReading.h"
+#include "Lint.h"
 #include "MessageCapture.h"
 #include "ReadFailureDiagnosis.h"
 #include "StandardStreams.h"
@@ -77,30 +78,75 @@ std::string SaveThroughLibrary(IJSONManager& manager, TemporaryFile& file,
     return file.ReadWritten(name);
 }
 
-}  // namespace
+// A new manager that holds configuration; prefix names the file in a failure.
+ManagerHandle ManagerHolding(VextorJSConfig::IVextorJSConfig& configuration,
+                             const std::string& prefix) {
+    ManagerHandle manager(zeltCreateJSONManager(nullptr, 0));
+    if (configuration.WriteToJSONMgr(manager.get(), nullptr, 1) != ZELT_SUCCESS)
+        throw Failure(kExitInvalid, prefix + "the library could not write the configuration");
+    return manager;
+}
 
-std::string Document::Place(std::size_t offset) const {
+std::string PlaceInText(const std::string& name, const std::string& text, std::size_t offset) {
     const TextLocation location = LocateOffset(text, offset);
     return name + ":" + std::to_string(location.line) + ":" + std::to_string(location.column);
 }
 
-int LoadDocument(const std::string& argument, const LoadOptions& options, Document& document) {
-    document.argument = argument;
-    document.name = argument == kStandardInput ? "<stdin>" : argument;
+// Reads the text of argument and finds whether it parses; on failure prints
+// what is wrong and returns the exit code.
+int ReadJsonText(const std::string& argument, const std::string& name, std::string& text) {
     try {
-        document.text = ReadInput(argument, document.name);
+        text = ReadInput(argument, name);
     } catch (const Failure& failure) {
         PrintError("%s\n", failure.what());
         return failure.code;
     }
-    if (const auto error = FindParseError(document.text)) {
+    if (const auto error = FindParseError(text)) {
         PrintError("%s: not valid JSON: %s; correct the text at this place\n",
-                   document.Place(error->offset).c_str(), error->reason.c_str());
+                   PlaceInText(name, text, error->offset).c_str(), error->reason.c_str());
         return kExitInvalid;
     }
+    return kExitSuccess;
+}
+
+// Members that the typed tree does not hold are not written back.
+void WarnOfDroppedMembers(const Document& document) {
+    for (const LintFinding& finding : LintDocument(document.text, document.tree))
+        if (finding.unknownMember)
+            PrintError("%s: warning: %s: unknown member, left out of the rewritten file%s\n",
+                       document.Place(finding.offset).c_str(), finding.pointer.c_str(),
+                       finding.suggestion.empty()
+                           ? ""
+                           : ("; did you mean \"" + finding.suggestion + "\"?").c_str());
+}
+
+}  // namespace
+
+std::string Document::Place(std::size_t offset) const { return PlaceInText(name, text, offset); }
+
+std::string JsonInput::Place(std::size_t offset) const { return PlaceInText(name, text, offset); }
+
+std::string InputName(const std::string& argument) {
+    return argument == kStandardInput ? "<stdin>" : argument;
+}
+
+int LoadDocument(const std::string& argument, const LoadOptions& options, Document& document) {
+    document.argument = argument;
+    document.name = InputName(argument);
+    const int result = ReadJsonText(argument, document.name, document.text);
+    if (result != kExitSuccess) return result;
     document.tree = ScanText(document.text);
     document.parsed = true;
     return ImportAndRead(document, options);
+}
+
+JsonInput ReadJsonInputOrFail(const std::string& argument) {
+    JsonInput input;
+    input.name = InputName(argument);
+    const int result = ReadJsonText(argument, input.name, input.text);
+    if (result != kExitSuccess) throw Failure(static_cast<ExitCode>(result), "");
+    input.tree = ScanText(input.text);
+    return input;
 }
 
 Document LoadOrFail(const std::string& argument) {
@@ -111,9 +157,7 @@ Document LoadOrFail(const std::string& argument) {
 }
 
 std::string WriteConfigurationText(VextorJSConfig::IVextorJSConfig& configuration) {
-    ManagerHandle manager(zeltCreateJSONManager(nullptr, 0));
-    if (configuration.WriteToJSONMgr(manager.get(), nullptr, 1) != ZELT_SUCCESS)
-        throw Failure(kExitInvalid, "the library could not write the configuration");
+    const ManagerHandle manager = ManagerHolding(configuration, "");
     TemporaryFile file(TemporaryFolder(), "zeltcfg");
     return SaveThroughLibrary(*manager, file, "temporary file " + file.path());
 }
@@ -133,6 +177,23 @@ bool SaveDocument(Document& document) {
     if (text == document.text) return false;
     replacement.Commit();
     return true;
+}
+
+bool SaveChangedDocument(Document& document) {
+    WarnOfDroppedMembers(document);
+    return SaveDocument(document);
+}
+
+void WriteConfigurationFile(VextorJSConfig::IVextorJSConfig& configuration,
+                            const std::string& argument) {
+    if (argument == kStandardInput) {
+        PrintOutput(WriteConfigurationText(configuration) + "\n");
+        return;
+    }
+    const ManagerHandle manager = ManagerHolding(configuration, argument + ": ");
+    FileReplacement replacement(argument, argument, MissingFile::Made);
+    SaveThroughLibrary(*manager, replacement.file(), argument);
+    replacement.Commit();
 }
 
 }  // namespace zeltcfg

@@ -40,6 +40,16 @@ struct Document {
     std::string Place(std::size_t offset) const;
 };
 
+// A JSON text that holds changes to a configuration: a patch or an overlay.
+struct JsonInput {
+    std::string name;  // in messages: the path, or "<stdin>"
+    std::string text;
+    TextValue tree;
+
+    // "name:line:column" of a byte offset in the text.
+    std::string Place(std::size_t offset) const;
+};
+
 struct LoadOptions {
     bool verbose = false;  // all of the library's messages, not only the first
 };
@@ -51,6 +61,13 @@ int LoadDocument(const std::string& argument, const LoadOptions& options, Docume
 // Loads or throws Failure; for commands that handle one file.
 Document LoadOrFail(const std::string& argument);
 
+// Reads and parses argument (a file, or "-"); on failure prints what is wrong,
+// a parse error with its place, and throws Failure with an empty message.
+JsonInput ReadJsonInputOrFail(const std::string& argument);
+
+// The name of argument in messages: the path, or "<stdin>" for "-".
+std::string InputName(const std::string& argument);
+
 // The text the library writes for a configuration tree.
 std::string WriteConfigurationText(VextorJSConfig::IVextorJSConfig& configuration);
 
@@ -60,6 +77,17 @@ std::string WriteConfigurationText(VextorJSConfig::IVextorJSConfig& configuratio
 // the file's is not written; false then. For "-" the text goes to standard
 // output. Throws Failure, leaving the original file as it was.
 bool SaveDocument(Document& document);
+
+// SaveDocument for a command that changed the tree: first a warning for each
+// member of the file that the typed tree does not hold, as the rewritten
+// file leaves it out.
+bool SaveChangedDocument(Document& document);
+
+// Writes configuration to the file that argument names as the library
+// writes it, atomically as SaveDocument does; the file may not exist yet.
+// For "-" the text goes to standard output. Throws Failure naming the file.
+void WriteConfigurationFile(VextorJSConfig::IVextorJSConfig& configuration,
+                            const std::string& argument);
 
 }  // namespace zeltcfg
 

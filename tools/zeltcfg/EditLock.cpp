@@ -6,9 +6,10 @@
 
 namespace zeltcfg {
 
-EditLock::EditLock(const std::string& argument, const std::string& name, double waitSeconds) {
+EditLock::EditLock(const std::string& argument, const std::string& name, double waitSeconds,
+                   MissingFile missing) {
     std::string path;
-    if (!edit_lock::LockFilePath(argument, path)) return;
+    if (!edit_lock::LockFilePath(argument, missing, path)) return;
     file_ = edit_lock::OpenLockFile(path, name);
     open_ = true;
     const auto deadline = std::chrono::steady_clock::now() +

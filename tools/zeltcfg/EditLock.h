@@ -27,9 +27,12 @@ public:
     // Locks the lock file of the file argument names, trying again until
     // waitSeconds have passed (0: once). Standard input, and a path that
     // names no regular file, take no lock; loading the file then reports
-    // what is wrong. Throws Failure naming name when another process holds
-    // the lock past the limit, or when the lock file cannot be made.
-    EditLock(const std::string& argument, const std::string& name, double waitSeconds);
+    // what is wrong. With MissingFile::Made a file that does not exist yet
+    // in an existing folder is locked too, as the command makes it. Throws
+    // Failure naming name when another process holds the lock past the
+    // limit, or when the lock file cannot be made.
+    EditLock(const std::string& argument, const std::string& name, double waitSeconds,
+             MissingFile missing = MissingFile::Refused);
     ~EditLock();
     EditLock(const EditLock&) = delete;
     EditLock& operator=(const EditLock&) = delete;
@@ -43,9 +46,10 @@ private:
 // where the calling EditLock decides what follows.
 namespace edit_lock {
 
-// The path of the lock file for the regular file argument names; false for
+// The path of the lock file for the regular file argument names, or with
+// MissingFile::Made for a missing file in an existing folder; false for
 // standard input and for anything else.
-bool LockFilePath(const std::string& argument, std::string& path);
+bool LockFilePath(const std::string& argument, MissingFile missing, std::string& path);
 // Opens or makes the lock file; throws Failure naming name.
 FileHandle OpenLockFile(const std::string& path, const std::string& name);
 // One attempt that does not wait; false while another process holds it.

@@ -14,13 +14,33 @@
 
 namespace zeltcfg::edit_lock {
 
-bool LockFilePath(const std::string& argument, std::string& path) {
+namespace {
+
+// The lock file path for a file not made yet: in its folder, resolved as the
+// replacement resolves it.
+bool MissingFileLockPath(const std::string& argument, std::string& path) {
+    const std::size_t slash = argument.rfind('/');
+    const std::string folder = slash == std::string::npos ? "." : argument.substr(0, slash + 1);
+    const std::string name = slash == std::string::npos ? argument : argument.substr(slash + 1);
+    char resolved[PATH_MAX];
+    struct stat status {};
+    if (name.empty() || realpath(folder.c_str(), resolved) == nullptr ||
+        stat(resolved, &status) != 0 || !S_ISDIR(status.st_mode))
+        return false;
+    path = std::string(resolved) + (std::string(resolved) == "/" ? "" : "/") + name + ".lock";
+    return true;
+}
+
+}  // namespace
+
+bool LockFilePath(const std::string& argument, MissingFile missing, std::string& path) {
     if (argument == kStandardInput) return false;
     char resolved[PATH_MAX];
     struct stat status {};
-    if (realpath(argument.c_str(), resolved) == nullptr || stat(resolved, &status) != 0 ||
-        !S_ISREG(status.st_mode))
-        return false;
+    if (realpath(argument.c_str(), resolved) == nullptr)
+        return errno == ENOENT && missing == MissingFile::Made &&
+               MissingFileLockPath(argument, path);
+    if (stat(resolved, &status) != 0 || !S_ISREG(status.st_mode)) return false;
     path = std::string(resolved) + ".lock";
     return true;
 }

@@ -8,7 +8,7 @@
 
 namespace zeltcfg::edit_lock {
 
-bool LockFilePath(const std::string& argument, std::string& path) {
+bool LockFilePath(const std::string& argument, MissingFile missing, std::string& path) {
     if (argument == kStandardInput) return false;
     path = argument + ".lock";
     // Replacing a file is not one step everywhere (not under Wine): while
@@ -17,7 +17,8 @@ bool LockFilePath(const std::string& argument, std::string& path) {
     // the file.
     const DWORD attributes = GetFileAttributesW(WidePath(argument).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES)
-        return GetFileAttributesW(WidePath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+        return (missing == MissingFile::Made && GetLastError() == ERROR_FILE_NOT_FOUND) ||
+               GetFileAttributesW(WidePath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
     return (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 

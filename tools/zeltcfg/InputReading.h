@@ -21,6 +21,10 @@ using FileHandle = void*;  // a HANDLE
 using FileHandle = int;  // a descriptor
 #endif
 
+// Whether a file that a command writes may be missing: then the command
+// makes it (an output file), or refuses it (a file it changes).
+enum class MissingFile { Refused, Made };
+
 // Reads an open file from where it stands to its end; throws Failure naming
 // name.
 std::string ReadAll(FileHandle file, const std::string& name);
