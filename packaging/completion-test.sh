@@ -39,7 +39,7 @@ expect() {
     fi
 }
 
-expect 'zeltcfg ' 'check show get set unset add remove fmt new schema'
+expect 'zeltcfg ' 'check show get set unset add remove fmt patch merge new schema'
 expect 'zeltcfg s' 'show set schema'
 expect 'zeltcfg --v' '--version'
 expect 'zeltcfg check --s' '--strict'
@@ -68,6 +68,12 @@ expect 'zeltcfg add full.json /AdvancedRule/WhiteList/' \
 expect 'zeltcfg remove full.json Adv' 'AdvancedRule.'
 expect 'zeltcfg set full.json /ProfileName ' ''
 expect 'zeltcfg schema ' ''
+expect 'zeltcfg patch --' '--merge --dry-run --wait --help'
+expect 'zeltcfg patch --dry-run full.json m' 'minimal.json'
+expect 'zeltcfg patch --wait ' ''
+expect 'zeltcfg merge --o' '--output'
+expect 'zeltcfg merge -o f' 'full.json'
+expect 'zeltcfg merge full.json minimal.json n' 'notes.txt'
 
 if [ "$failures" -ne 0 ]; then
     echo "$failures completion checks failed"
