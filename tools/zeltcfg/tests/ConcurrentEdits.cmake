@@ -1,5 +1,6 @@
 # Races changing commands on one file: PROCESSES processes side by side each
-# add EDITS entries to one list of a copy of SAMPLE (ConcurrentEdits.sh).
+# add EDITS entries to one list of a copy of SAMPLE with COMMAND (add or
+# patch, see ConcurrentEdits.sh).
 # Every command must succeed, and the list must then hold exactly
 # PROCESSES x EDITS entries: each process's entries, all of them, in the
 # order that process added them. An edit lost to a race (two processes
@@ -14,7 +15,7 @@ file(REMOVE_RECURSE ${WORK_DIR})
 file(MAKE_DIRECTORY ${WORK_DIR})
 file(COPY_FILE ${SAMPLE} ${WORK_DIR}/edited.json)
 set(list /ContentUploadChannel/ClientRequestHeaders)
-execute_process(COMMAND sh ${DRIVER} ${PROCESSES} ${EDITS} edited.json ${list} ${TOOL}
+execute_process(COMMAND sh ${DRIVER} ${PROCESSES} ${EDITS} edited.json ${list} ${COMMAND} ${TOOL}
   WORKING_DIRECTORY ${WORK_DIR} RESULT_VARIABLE code OUTPUT_VARIABLE out ERROR_VARIABLE err)
 if(NOT code EQUAL 0 OR NOT out STREQUAL "" OR NOT err STREQUAL "")
   message(FATAL_ERROR "a change failed (exit code ${code}):\n${out}${err}")

@@ -1,12 +1,13 @@
 #!/bin/sh
 # Starts PROCESSES loops side by side, each adding EDITS entries, one command
 # at a time, to the list LIST of FILE with the tool (TOOL...), and waits for
-# all of them. Entry e of loop p is "process p edit e". Exits 1 when any
-# command failed.
+# all of them. Entry e of loop p is "process p edit e". COMMAND is add (zeltcfg
+# add) or patch (a JSON Patch that appends, from standard input). Exits 1 when
+# any command failed.
 #
-#   ConcurrentEdits.sh PROCESSES EDITS FILE LIST TOOL...
-processes=$1 edits=$2 file=$3 list=$4
-shift 4
+#   ConcurrentEdits.sh PROCESSES EDITS FILE LIST COMMAND TOOL...
+processes=$1 edits=$2 file=$3 list=$4 command=$5
+shift 5
 pids=
 process=1
 while [ "$process" -le "$processes" ]; do
@@ -15,7 +16,12 @@ while [ "$process" -le "$processes" ]; do
         while [ "$edit" -le "$edits" ]; do
             # A wait long enough that no command gives up, however slow the
             # machine: the test counts entries, never time.
-            "$@" add --wait 3600 "$file" "$list" "process $process edit $edit" || exit 1
+            if [ "$command" = patch ]; then
+                printf '[ { "op": "add", "path": "%s/-", "value": "process %s edit %s" } ]' \
+                    "$list" "$process" "$edit" | "$@" patch --wait 3600 "$file" - || exit 1
+            else
+                "$@" add --wait 3600 "$file" "$list" "process $process edit $edit" || exit 1
+            fi
             edit=$((edit + 1))
         done
     ) &

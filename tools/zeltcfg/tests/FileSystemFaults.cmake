@@ -14,15 +14,32 @@
 cmake_minimum_required(VERSION 3.25)
 include(${CASE})
 
-# One command line an entry, its words separated by spaces.
+# One command line an entry, its words separated by spaces. patch.json and
+# overlay.json lie beside the target; both can be applied again.
 set(commands
   "set target.json /ProfileName changed"
   "unset target.json /ClientSetting/FailOpen"
   "add target.json /AdvancedRule/EnforceList/IPList 10.9.0.0/16"
   "remove target.json /AdvancedRule/EnforceList/IPList 0"
-  "fmt target.json")
+  "fmt target.json"
+  "patch target.json patch.json"
+  "merge -o target.json target.json overlay.json")
+set(patch_text "[
+  { \"op\": \"replace\", \"path\": \"/ProfileName\", \"value\": \"changed\" },
+  { \"op\": \"add\", \"path\": \"/AdvancedRule/EnforceList/IPList/0\", \"value\": \"10.9.0.0/16\" }
+]")
+set(overlay_text "{ \"ClientSetting\": { \"FailOpen\": null }, \"ProfileName\": \"changed\" }")
 set(failures "")
 set(mark ${WORK_DIR}/fault-made)
+
+# A new folder that holds a copy of SAMPLE as target.json and the inputs.
+function(prepare_folder folder)
+  file(REMOVE_RECURSE ${folder})
+  file(MAKE_DIRECTORY ${folder})
+  file(COPY_FILE ${SAMPLE} ${folder}/target.json)
+  file(WRITE ${folder}/patch.json "${patch_text}")
+  file(WRITE ${folder}/overlay.json "${overlay_text}")
+endfunction()
 
 # Runs the tool in folder with the fault environment given after it.
 function(run_tool folder)
@@ -33,10 +50,10 @@ function(run_tool folder)
   set(err "${err}" PARENT_SCOPE)
 endfunction()
 
-# The files in folder other than the target and its lock file.
+# The files in folder other than the target, its lock file and the inputs.
 function(other_files folder variable)
   file(GLOB found LIST_DIRECTORIES true RELATIVE ${folder} ${folder}/* ${folder}/.*)
-  list(REMOVE_ITEM found target.json target.json.lock)
+  list(REMOVE_ITEM found target.json target.json.lock patch.json overlay.json)
   set(${variable} "${found}" PARENT_SCOPE)
 endfunction()
 
@@ -44,9 +61,7 @@ foreach(line IN LISTS commands)
   string(REPLACE " " ";" command "${line}")
   list(GET command 0 name)
   set(clean ${WORK_DIR}/${name}-expected)
-  file(REMOVE_RECURSE ${clean})
-  file(MAKE_DIRECTORY ${clean})
-  file(COPY_FILE ${SAMPLE} ${clean}/target.json)
+  prepare_folder(${clean})
   run_tool(${clean} ARGUMENTS ${command})
   if(NOT code EQUAL 0)
     message(FATAL_ERROR "${name} fails without faults (${code}): ${err}")
@@ -57,9 +72,7 @@ foreach(line IN LISTS commands)
     set(point 1)
     while(TRUE)
       set(folder ${WORK_DIR}/${name}-${kind})
-      file(REMOVE_RECURSE ${folder})
-      file(MAKE_DIRECTORY ${folder})
-      file(COPY_FILE ${SAMPLE} ${folder}/target.json)
+      prepare_folder(${folder})
       file(REMOVE ${mark})
       run_tool(${folder} ARGUMENTS ${command} ENVIRONMENT LD_PRELOAD=${FAULTS}
         ZELTCFG_FAULT_AT=${point} ZELTCFG_FAULT=${kind} ZELTCFG_FAULT_MARK=${mark})

@@ -4,8 +4,9 @@
 # expected/<name>.out, .err and .code (a missing .out or .err means empty).
 # It also checks what a step must leave behind: a file byte for byte as it
 # was (UNCHANGED) or as expected/<name>.json (RESULT), its permissions (MODE)
-# and no other file in the folder or below it than the lock file that a
-# changing command leaves beside its file (<file>.lock).
+# and no other file in the folder or below it than the samples, the RESULT
+# file (which a step may make) and the lock file that a changing command
+# leaves beside each of these and beside the LOCKED file (<file>.lock).
 #
 #   cmake -DCASE=<binary dir>/cases/<name>.cmake -P RunCase.cmake
 #
@@ -134,8 +135,9 @@ if(MODE)
 endif()
 
 file(GLOB_RECURSE left LIST_DIRECTORIES true RELATIVE ${WORK_DIR} ${WORK_DIR}/*)
-set(kept ${sample_names})
-foreach(sample_name IN LISTS sample_names)
+set(written ${sample_names} ${RESULT})
+set(kept ${written})
+foreach(sample_name IN LISTS written LOCKED)
   if(EXISTS "${WORK_DIR}/${sample_name}.lock")
     list(APPEND kept "${sample_name}.lock")
   endif()
