@@ -72,11 +72,8 @@ public:
                              [&member](const SchemaNode& node) { return node.key == member.key; });
             if (child == schema.members.end()) {
                 const std::string suggestion = SuggestKey(member.key, known);
-                Report(member.keyOffset, memberPointer,
-                       suggestion.empty()
-                           ? "unknown member; remove it, the configuration does not use it"
-                           : "unknown member; did you mean \"" + suggestion + "\"?",
-                       true, suggestion);
+                Report(member.keyOffset, memberPointer, DescribeUnknownMember(suggestion), true,
+                       suggestion);
                 continue;
             }
             Value(member.value, *child, memberPointer);
@@ -153,6 +150,11 @@ std::string SuggestKey(const std::string& key, const std::vector<std::string>& k
         }
     }
     return best;
+}
+
+std::string DescribeUnknownMember(const std::string& suggestion) {
+    return suggestion.empty() ? "unknown member; remove it, the configuration does not use it"
+                              : "unknown member; did you mean \"" + suggestion + "\"?";
 }
 
 std::vector<LintFinding> LintDocument(const std::string& text, const TextValue& tree) {

@@ -27,6 +27,10 @@ std::vector<LintFinding> LintDocument(const std::string& text, const TextValue& 
 // edits away), or "" when none is close.
 std::string SuggestKey(const std::string& key, const std::vector<std::string>& known);
 
+// What lint says of a member the configuration does not know, given the
+// closest known key (SuggestKey's answer, "" for none).
+std::string DescribeUnknownMember(const std::string& suggestion);
+
 }  // namespace zeltcfg
 
 #endif  // ZELTCFG_LINT_H

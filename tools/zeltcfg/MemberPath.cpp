@@ -62,14 +62,7 @@ const SchemaNode* CheckAgainstSchema(const std::vector<std::string>& keys,
         const SchemaNode* next = nullptr;
         for (const SchemaNode& member : node->members)
             if (member.key == key) next = &member;
-        if (next == nullptr) {
-            std::vector<std::string> known;
-            for (const SchemaNode& member : node->members) known.push_back(member.key);
-            const std::string suggestion = SuggestKey(key, known);
-            refuse(where + " has no member \"" + key + "\"; " +
-                   (suggestion.empty() ? "its members are " + JoinKeys(node->members)
-                                       : "did you mean \"" + suggestion + "\"?"));
-        }
+        if (next == nullptr) refuse(DescribeUnknownKey(*node, pointer, key));
         node = next;
         pointer = AppendPointer(pointer, key);
     }
@@ -83,6 +76,22 @@ Member FindBound(const Member& object, const std::string& key) {
 }
 
 }  // namespace
+
+std::string DescribeUnknownKey(const SchemaNode& object, const std::string& pointer,
+                               const std::string& key) {
+    std::vector<std::string> known;
+    for (const SchemaNode& member : object.members) known.push_back(member.key);
+    const std::string suggestion = SuggestKey(key, known);
+    return (pointer.empty() ? "the configuration" : pointer) + " has no member \"" + key + "\"; " +
+           (suggestion.empty() ? "its members are " + JoinKeys(object.members)
+                               : "did you mean \"" + suggestion + "\"?");
+}
+
+std::string DescribeListEntries(const std::string& pointer, std::size_t count) {
+    return "the list " + pointer + " has " + std::to_string(count) +
+           (count == 1 ? " entry" : " entries") +
+           (count == 0 ? "" : ", numbered from 0 to " + std::to_string(count - 1));
+}
 
 std::optional<DWORD> ParseDecimal(const std::string& text) {
     if (text.empty() || text.size() > 20) return std::nullopt;
@@ -141,11 +150,8 @@ ResolvedPath ResolvePath(const Member& configuration, const std::string& path,
             const DWORD index = *ParseDecimal(key);
             const std::size_t count = resolved.member.entries().size();
             if (index >= count)
-                throw Failure(
-                    kExitUsage,
-                    "path \"" + path + "\": the list " + resolved.pointer + " has " +
-                        std::to_string(count) + (count == 1 ? " entry" : " entries") +
-                        (count == 0 ? "" : ", numbered from 0 to " + std::to_string(count - 1)));
+                throw Failure(kExitUsage, "path \"" + path + "\": " +
+                                              DescribeListEntries(resolved.pointer, count));
             resolved.entry = index;
             resolved.pointer = AppendPointer(resolved.pointer, key);
             return resolved;

@@ -9,6 +9,7 @@
 
 #include "ConfigurationModel.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -40,6 +41,16 @@ std::vector<std::string> SplitPath(const std::string& path);
 // "/a/b" from keys, with "~" and "/" escaped as JSON Pointer does.
 std::string JoinPointer(const std::vector<std::string>& keys);
 std::string AppendPointer(const std::string& pointer, const std::string& key);
+
+// Why key names no member of object, the schema of the member at pointer
+// ("" for the whole configuration): with the known key closest to key, or
+// all known keys when none is close.
+std::string DescribeUnknownKey(const SchemaNode& object, const std::string& pointer,
+                               const std::string& key);
+
+// "the list POINTER has COUNT entries, numbered from 0 to COUNT-1", for a
+// message about an index past the end.
+std::string DescribeListEntries(const std::string& pointer, std::size_t count);
 
 // A decimal number from 0 to 4294967295, digits only; nothing otherwise.
 std::optional<DWORD> ParseDecimal(const std::string& text);

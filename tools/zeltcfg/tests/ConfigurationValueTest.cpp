@@ -1,37 +1,13 @@
 #include "ConfigurationValue.h"
 #include "Document.h"
+#include "ExampleConfiguration.h"
 #include "Failure.h"
 #include "TextEncoding.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 namespace zeltcfg {
 namespace {
-
-std::string ReadExample(const std::string& name) {
-    std::ifstream file(std::string(ZELT_SOURCE_DIR) + "/examples/" + name, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
-// A typed tree read from text by the library, as the tool loads standard input.
-struct LoadedConfiguration {
-    explicit LoadedConfiguration(const std::string& text)
-        : manager(zeltCreateJSONManager(nullptr, 0)),
-          configuration(VextorJSConfig::VextorJSConfig_CreateNewInstance()) {
-        EXPECT_EQ(ZELT_SUCCESS,
-                  manager->ImportFromJSONString(text.c_str(), static_cast<int>(text.size())));
-        EXPECT_EQ(ZELT_SUCCESS,
-                  configuration->ReadFromJSONMgr(manager.get(), manager->GetRootElement()));
-    }
-    Member Bound() { return BindConfiguration(*configuration); }
-    ManagerHandle manager;
-    ConfigurationHandle configuration;
-};
 
 TEST(ConfigurationValueTest, CaptureHoldsThePresentMembersInMemberOrder) {
     LoadedConfiguration minimal(ReadExample("minimal.json"));
