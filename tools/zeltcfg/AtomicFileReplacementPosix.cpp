@@ -91,17 +91,18 @@ bool DescribeNewFile(const std::string& argument, std::string& target, struct st
 FileReplacement::FileReplacement(const std::string& argument, const std::string& name,
                                  MissingFile missing)
     : name_(name), original_(std::make_unique<Original>()) {
-    const auto fail = [&name]() {
-        throw Failure(kExitInputOutput, name + ": " + ErrorText(errno) + "; the file is unchanged");
+    const auto fail = [&name](const char* outcome) {
+        throw Failure(kExitInputOutput, name + ": " + ErrorText(errno) + "; " + outcome);
     };
     char resolved[PATH_MAX];
     std::string& target = original_->target;
     if (realpath(argument.c_str(), resolved) != nullptr) {
         target = resolved;
-        if (stat(target.c_str(), &original_->status) != 0) fail();
-    } else if (errno != ENOENT || missing != MissingFile::Made ||
-               !DescribeNewFile(argument, target, original_->status)) {
-        fail();
+        if (stat(target.c_str(), &original_->status) != 0) fail("the file is unchanged");
+    } else if (missing == MissingFile::Refused) {
+        fail("the file is unchanged");
+    } else if (errno != ENOENT || !DescribeNewFile(argument, target, original_->status)) {
+        fail("nothing is written");
     }
     const std::string folder = FolderOf(target);
     file_ = std::make_unique<TemporaryFile>(folder,

@@ -110,8 +110,10 @@ FileReplacement::FileReplacement(const std::string& argument, const std::string&
     const DWORD code = attributes == INVALID_FILE_ATTRIBUTES ? GetLastError() : ERROR_SUCCESS;
     original_->missing = code == ERROR_FILE_NOT_FOUND && missing == MissingFile::Made;
     if (code != ERROR_SUCCESS && !original_->missing)
-        throw Failure(kExitInputOutput,
-                      name + ": " + WindowsErrorText(code) + "; the file is unchanged");
+        throw Failure(
+            kExitInputOutput,
+            name + ": " + WindowsErrorText(code) + "; " +
+                (missing == MissingFile::Made ? "nothing is written" : "the file is unchanged"));
     if (!original_->missing && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
         throw Failure(kExitInputOutput,
                       name +
