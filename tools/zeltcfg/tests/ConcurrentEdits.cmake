@@ -1,5 +1,5 @@
 # Races changing commands on one file: PROCESSES processes side by side each
-# add EDITS entries to one list of a copy of SAMPLE with COMMAND (add or
+# add EDITS entries to one list of a copy of SAMPLE with EDIT_COMMAND (add or
 # patch, see ConcurrentEdits.sh).
 # Every command must succeed, and the list must then hold exactly
 # PROCESSES x EDITS entries: each process's entries, all of them, in the
@@ -15,7 +15,20 @@ file(REMOVE_RECURSE ${WORK_DIR})
 file(MAKE_DIRECTORY ${WORK_DIR})
 file(COPY_FILE ${SAMPLE} ${WORK_DIR}/edited.json)
 set(list /ContentUploadChannel/ClientRequestHeaders)
-execute_process(COMMAND sh ${DRIVER} ${PROCESSES} ${EDITS} edited.json ${list} ${COMMAND} ${TOOL}
+set(seed "")
+if(EDIT_COMMAND STREQUAL "patch")
+  # A JSON Patch appends to a list that is there, and a list without entries
+  # is not kept: one entry first, left out of the count.
+  set(seed "before the race")
+  file(WRITE ${WORK_DIR}/seed.json
+    "[ { \"op\": \"add\", \"path\": \"${list}\", \"value\": [ \"${seed}\" ] } ]")
+  execute_process(COMMAND ${TOOL} patch edited.json seed.json
+    WORKING_DIRECTORY ${WORK_DIR} RESULT_VARIABLE code ERROR_VARIABLE err)
+  if(NOT code EQUAL 0)
+    message(FATAL_ERROR "the list cannot be made (exit code ${code}):\n${err}")
+  endif()
+endif()
+execute_process(COMMAND sh ${DRIVER} ${PROCESSES} ${EDITS} edited.json ${list} ${EDIT_COMMAND} ${TOOL}
   WORKING_DIRECTORY ${WORK_DIR} RESULT_VARIABLE code OUTPUT_VARIABLE out ERROR_VARIABLE err)
 if(NOT code EQUAL 0 OR NOT out STREQUAL "" OR NOT err STREQUAL "")
   message(FATAL_ERROR "a change failed (exit code ${code}):\n${out}${err}")
@@ -28,6 +41,12 @@ if(NOT code EQUAL 0)
 endif()
 string(REGEX REPLACE "\n$" "" out "${out}")
 string(REPLACE "\n" ";" entries "${out}")
+if(seed)
+  list(POP_FRONT entries first)
+  if(NOT first STREQUAL seed)
+    message(FATAL_ERROR "the list starts with \"${first}\", not \"${seed}\"")
+  endif()
+endif()
 list(LENGTH entries count)
 math(EXPR wanted "${PROCESSES} * ${EDITS}")
 set(failures "")
