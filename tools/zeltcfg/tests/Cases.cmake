@@ -133,6 +133,82 @@ zeltcfg_case(fmt_invalid SAMPLES broken.json minimal.json UNCHANGED broken.json
   STEPS fmt broken.json minimal.json)
 zeltcfg_case(fmt_standard_input STDIN minimal.json STEPS fmt -)
 
+# patch
+zeltcfg_case(patch_json_patch SAMPLES full.json patch-changes.json RESULT full.json
+  STEPS patch full.json patch-changes.json
+  THEN get full.json /AdvancedRule/EnforceList/IPList
+  THEN check full.json)
+zeltcfg_case(patch_merge_patch SAMPLES full.json patch-merge.json RESULT full.json
+  STEPS patch --merge full.json patch-merge.json
+  THEN show full.json)
+zeltcfg_case(patch_dry_run SAMPLES full.json patch-changes.json UNCHANGED full.json
+  STEPS patch --dry-run full.json patch-changes.json)
+zeltcfg_case(patch_standard_input SAMPLES minimal.json STDIN patch-merge.json
+  RESULT minimal.json
+  STEPS patch --merge minimal.json -)
+zeltcfg_case(patch_file_from_standard_input SAMPLES patch-merge.json STDIN full.json
+  STEPS patch --merge - patch-merge.json)
+zeltcfg_case(patch_all_or_nothing SAMPLES full.json patch-fails-late.json patch-test-fails.json
+  UNCHANGED full.json
+  STEPS patch full.json patch-fails-late.json
+  THEN patch full.json patch-test-fails.json
+  THEN patch --dry-run full.json patch-fails-late.json)
+zeltcfg_case(patch_failures SAMPLES full.json patch-unknown-member.json
+  patch-required-member.json patch-move-into-child.json patch-out-of-range.json
+  patch-not-a-patch.json patch-merge-typo.json UNCHANGED full.json
+  STEPS patch full.json patch-unknown-member.json
+  THEN patch full.json patch-required-member.json
+  THEN patch full.json patch-move-into-child.json
+  THEN patch full.json patch-out-of-range.json
+  THEN patch full.json patch-not-a-patch.json
+  THEN patch --merge full.json patch-merge-typo.json)
+zeltcfg_case(patch_unreadable_input SAMPLES full.json patch-not-json.json
+  invalid-missing-sslfilter.json patch-changes.json UNCHANGED full.json
+  STEPS patch full.json patch-not-json.json
+  THEN patch full.json missing.json
+  THEN patch invalid-missing-sslfilter.json patch-changes.json
+  THEN patch missing.json patch-changes.json
+  THEN patch - -)
+zeltcfg_case(patch_while_another_process_changes_the_file SAMPLES full.json patch-merge.json
+  UNCHANGED full.json LOCKED full.json
+  STEPS patch --merge --wait 0 full.json patch-merge.json
+  THEN patch --merge --wait 0.2 full.json patch-merge.json
+  THEN patch --merge --dry-run --wait 0 full.json patch-merge.json)
+
+# merge
+zeltcfg_case(merge_overlays SAMPLES minimal.json overlay-site.json overlay-team.json
+  UNCHANGED minimal.json
+  STEPS merge minimal.json overlay-site.json
+  THEN merge minimal.json overlay-site.json overlay-team.json)
+zeltcfg_case(merge_to_a_new_file SAMPLES minimal.json overlay-site.json overlay-team.json
+  RESULT site.json
+  STEPS merge -o site.json minimal.json overlay-site.json overlay-team.json
+  THEN check site.json)
+zeltcfg_case(merge_to_an_existing_file SAMPLES minimal.json overlay-site.json overlay-team.json full.json
+  RESULT full.json
+  STEPS merge minimal.json overlay-site.json -o full.json
+  THEN merge --output full.json full.json overlay-team.json
+  THEN get full.json /ProfileName)
+zeltcfg_case(merge_standard_input SAMPLES minimal.json overlay-team.json STDIN overlay-site.json
+  STEPS merge minimal.json - overlay-team.json
+  THEN merge - minimal.json -)
+zeltcfg_case(merge_failures SAMPLES minimal.json overlay-site.json overlay-typo.json
+  overlay-required.json overlay-not-json.json invalid-missing-sslfilter.json
+  STEPS merge minimal.json overlay-site.json overlay-typo.json
+  THEN merge minimal.json overlay-required.json
+  THEN merge minimal.json overlay-site.json overlay-not-json.json
+  THEN merge minimal.json missing.json
+  THEN merge invalid-missing-sslfilter.json overlay-site.json
+  THEN merge missing.json overlay-site.json
+  THEN merge -o missing/out.json minimal.json overlay-site.json)
+zeltcfg_case(merge_failure_writes_nothing SAMPLES minimal.json overlay-typo.json full.json
+  UNCHANGED full.json
+  STEPS merge -o full.json minimal.json overlay-typo.json)
+zeltcfg_case(merge_while_another_process_changes_the_output SAMPLES minimal.json
+  overlay-site.json UNCHANGED minimal.json LOCKED site.json
+  STEPS merge --wait 0 -o site.json minimal.json overlay-site.json
+  THEN merge --wait 0 minimal.json overlay-site.json)
+
 # Changes that race: a changing command holds the lock file beside its file,
 # leaves it there, and gives up when another process holds it past --wait.
 zeltcfg_case(edit_while_another_process_changes_the_file SAMPLES full.json UNCHANGED full.json
