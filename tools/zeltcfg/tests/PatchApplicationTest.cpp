@@ -61,11 +61,18 @@ TEST(ApplyOrFail, LeavesAChangeThatHoldsInTheConfiguration) {
     EXPECT_EQ("{ \"ProfileName\": \"Site A\" }", WriteJsonLine(configuration));
 }
 
-TEST(StoreOrFail, NamesTheFileAndTheMemberThatTheTreeRefuses) {
+// minimal.json's typed tree, as the file site.json.
+Document MinimalDocument() {
     LoadedConfiguration loaded(ReadExample("minimal.json"));
     Document document;
     document.name = "site.json";
+    document.manager = std::move(loaded.manager);
     document.configuration = std::move(loaded.configuration);
+    return document;
+}
+
+TEST(StoreOrFail, NamesTheFileAndTheMemberThatTheTreeRefuses) {
+    Document document = MinimalDocument();
     TextValue configuration = CaptureConfiguration(BindConfiguration(*document.configuration));
     configuration.members.pop_back();  // AdminPassword, a required member
     EXPECT_EQ(
@@ -76,10 +83,7 @@ TEST(StoreOrFail, NamesTheFileAndTheMemberThatTheTreeRefuses) {
 }
 
 TEST(StoreOrFail, MakesTheTreeHoldTheConfiguration) {
-    LoadedConfiguration loaded(ReadExample("minimal.json"));
-    Document document;
-    document.name = "site.json";
-    document.configuration = std::move(loaded.configuration);
+    Document document = MinimalDocument();
     TextValue configuration = CaptureConfiguration(BindConfiguration(*document.configuration));
     configuration.members.at(3).value = MakeString("Site A");  // ProfileName
     StoreOrFail(configuration, document, "patched", "site.json is unchanged");
