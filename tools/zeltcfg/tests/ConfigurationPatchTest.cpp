@@ -613,6 +613,11 @@ TEST(JsonPatch, RefusesATextListOrObjectOfAnotherType) {
         full, "[ { \"op\": \"add\", \"path\": \"/ProfileName\", \"value\": \"\xff\" } ]", "\"\xff",
         "operation 0 (add /ProfileName): expected a string of valid UTF-8");
     ExpectJsonPatchRefused(
+        full,
+        R"([ { "op": "add", "path": "/AdvancedRule/WhiteList/IPList/-", "value": "a\u0000b" } ])",
+        R"("a\u)",
+        R"(operation 0 (add /AdvancedRule/WhiteList/IPList/-): expected a string without \u0000)");
+    ExpectJsonPatchRefused(
         full, R"([ { "op": "add", "path": "/AdvancedRule/WhiteList/IPList", "value": "a" } ])",
         R"("a")",
         "operation 0 (add /AdvancedRule/WhiteList/IPList): expected an array of strings, found "
