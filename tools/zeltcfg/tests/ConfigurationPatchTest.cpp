@@ -724,8 +724,9 @@ TEST(MergePatch, RefusesAValueThatDoesNotFitAndChangesNothing) {
     ExpectMergePatchRefused(full, R"({ "AdvancedRule": { "WhiteList": { "IPList": [ null ] } } })",
                             "null",
                             "/AdvancedRule/WhiteList/IPList/0: expected a string, found null");
-    ExpectMergePatchRefused(full, R"({ "AdminPassword": 42 })", "42",
-                            "/AdminPassword: expected a string, found the number 42");
+    // Members merge in member order: ClientSetting has changed when AdminPassword fails.
+    ExpectMergePatchRefused(full, R"({ "AdminPassword": 42, "ClientSetting": { "FailOpen": 0 } })",
+                            "42", "/AdminPassword: expected a string, found the number 42");
 }
 
 // ---- RFC 7386 Appendix A, row by row, carried over to the configuration ----
