@@ -105,6 +105,9 @@ TextValue ConformText(const TextValue& value, const std::string& pointer) {
                            "expected a string, found " + DescribeFound(value)};
     if (!ConvertUtf8ToWide(value.token, wide))
         throw ValueRefusal{value.offset, pointer, "expected a string of valid UTF-8"};
+    // The library's texts end at their first zero character.
+    if (value.token.find('\0') != std::string::npos)
+        throw ValueRefusal{value.offset, pointer, "expected a string without \\u0000"};
     return value;
 }
 

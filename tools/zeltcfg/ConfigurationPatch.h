@@ -21,13 +21,21 @@ public:
     std::size_t offset;
 };
 
-// Applies the operations of patch, a JSON Patch document, to configuration in
-// order. All or nothing: on a failure configuration is left as it was and
-// ChangeFailure names the operation's index and path and the reason.
+// Applies the operations of patch, a JSON Patch document (add, remove,
+// replace, move, copy, test), to configuration in order. Every path and
+// every value put in is checked against the configuration's schema, and a
+// required member cannot be removed. All or nothing: on a failure
+// configuration is left as it was and ChangeFailure says
+// "operation N (OP PATH): REASON", N counted from 0.
 void ApplyJsonPatch(TextValue& configuration, const TextValue& patch);
 
-// Applies a JSON Merge Patch to configuration. All or nothing, as above;
-// ChangeFailure names the member's path and the reason.
+// Applies a JSON Merge Patch, an object of the members to set (null removes
+// an optional member, an object merges, a list replaces the whole list), to
+// configuration. All or nothing, as above; ChangeFailure says
+// "POINTER: REASON" of the member that fails.
+//
+// Both leave configuration in the form CaptureConfiguration gives (members
+// in member order, integers in plain digits), which StoreConfiguration takes.
 void ApplyMergePatch(TextValue& configuration, const TextValue& patch);
 
 }  // namespace zeltcfg
