@@ -7,8 +7,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string_view>
-#include <unordered_map>
 
 namespace zeltcfg {
 
@@ -17,20 +17,49 @@ namespace {
 using Symbols = std::vector<std::uint32_t>;
 using Position = std::ptrdiff_t;
 
-// The entries as numbers, equal where the texts are equal, so that the
-// search compares integers instead of strings.
+// Numbers texts in the order they first come, equal numbers for equal texts,
+// so that the search compares integers instead of strings. An open-addressing
+// table of at least twice as many slots as texts: one allocation, not one for
+// each text.
+class TextNumbering {
+public:
+    explicit TextNumbering(std::size_t texts) {
+        std::size_t size = 16;
+        while (size < 2 * texts) size *= 2;
+        slots_.resize(size);
+        texts_.reserve(texts);
+    }
+
+    std::uint32_t Number(const std::string& text) {
+        const std::size_t hash = std::hash<std::string_view>()(text);
+        const std::size_t mask = slots_.size() - 1;
+        for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+            Slot& slot = slots_[i];
+            if (slot.number == 0) {
+                texts_.push_back(&text);
+                slot = Slot{hash, static_cast<std::uint32_t>(texts_.size())};
+                return slot.number;
+            }
+            if (slot.hash == hash && *texts_[slot.number - 1] == text) return slot.number;
+        }
+    }
+
+private:
+    struct Slot {
+        std::size_t hash = 0;
+        std::uint32_t number = 0;  // 0: the slot is free
+    };
+    std::vector<Slot> slots_;
+    std::vector<const std::string*> texts_;
+};
+
 void NumberEntries(const std::vector<TextValue>& a, const std::vector<TextValue>& b,
                    Symbols& aSymbols, Symbols& bSymbols) {
-    std::unordered_map<std::string_view, std::uint32_t> numbers;
-    numbers.reserve(a.size() + b.size());
-    const auto number = [&numbers](const TextValue& entry) {
-        const auto next = static_cast<std::uint32_t>(numbers.size());
-        return numbers.emplace(entry.token, next).first->second;
-    };
+    TextNumbering numbering(a.size() + b.size());
     aSymbols.reserve(a.size());
-    for (const TextValue& entry : a) aSymbols.push_back(number(entry));
+    for (const TextValue& entry : a) aSymbols.push_back(numbering.Number(entry.token));
     bSymbols.reserve(b.size());
-    for (const TextValue& entry : b) bSymbols.push_back(number(entry));
+    for (const TextValue& entry : b) bSymbols.push_back(numbering.Number(entry.token));
 }
 
 // A run of equal entries that a shortest edit script keeps: a[x0, x1) equals
