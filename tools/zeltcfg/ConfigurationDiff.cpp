@@ -155,8 +155,9 @@ private:
                     return Snake{aLow + x, bLow + y, aLow + x1, bLow + y1};
             }
         }
-        // Not reached: the searches meet by d = limit.
-        return Snake{aLow, bLow, aLow, bLow};
+        // Not reached: the searches meet by d = limit. Were they not to, the
+        // removal of the first entry still leaves a smaller problem.
+        return Snake{aLow + 1, bLow, aLow + 1, bLow};
     }
 
     const Symbols& a_;
