@@ -23,6 +23,11 @@ struct Job {
 // The whole-configuration jobs of the library and json-c's counterparts.
 const std::vector<Job>& ConfigurationJobs();
 
+// The jobs of zeltcfg diff: the load of two documents that differ in about
+// one list entry in a hundred, and the comparison of the loaded trees. Built
+// with the tool only (ZELT_BENCH_DIFF).
+const std::vector<Job>& DiffJobs();
+
 // Times the jobs by the wall clock instead of the thread's processor time.
 void UseWallClock(bool wallClock);
 

@@ -13,6 +13,7 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -105,7 +106,11 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
 
-    for (const zelt_bench::Job& job : zelt_bench::ConfigurationJobs())
+    std::vector<zelt_bench::Job> jobs = zelt_bench::ConfigurationJobs();
+#ifdef ZELT_BENCH_DIFF
+    jobs.insert(jobs.end(), zelt_bench::DiffJobs().begin(), zelt_bench::DiffJobs().end());
+#endif
+    for (const zelt_bench::Job& job : jobs)
         for (std::size_t entries : ParseSizes(sizeList))
             benchmark::RegisterBenchmark(job.name, job.run)
                 ->Arg(static_cast<std::int64_t>(entries))

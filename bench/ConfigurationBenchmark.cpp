@@ -8,6 +8,7 @@
 // where they are a job of their own.
 #include "BenchmarkJobs.h"
 #include "ConfigurationGenerator.h"
+#include "JobTiming.h"
 #include "manager/JSONWriter.h"
 
 #include <zelt/zelt.h>
@@ -73,28 +74,6 @@ private:
     std::wstring widePath_;
 };
 
-bool useWallClock = false;
-
-// The thread's processor time, user and system: on a shared machine other
-// processes lengthen the wall clock but not this.
-double Now() {
-    if (useWallClock) {
-        const auto sinceEpoch = std::chrono::steady_clock::now().time_since_epoch();
-        return std::chrono::duration<double>(sinceEpoch).count();
-    }
-    timespec now;
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-// Runs job and records its duration as the iteration's time.
-template <class Job>
-void Timed(benchmark::State& state, Job job) {
-    const double start = Now();
-    job();
-    state.SetIterationTime(Now() - start);
-}
-
 // Document bytes per second, and the time per list entry where there are any.
 void Describe(benchmark::State& state) {
     const std::string& text = Document(Entries(state));
@@ -106,23 +85,6 @@ void Describe(benchmark::State& state) {
             benchmark::Counter(listEntries, benchmark::Counter::kIsIterationInvariantRate |
                                                 benchmark::Counter::kInvert);
 }
-
-// A manager and a root element, with the document loaded when asked.
-struct Configuration {
-    IJSONManager* manager = zeltCreateJSONManager(nullptr, 0);
-    IVextorJSConfig* config = VextorJSConfig::VextorJSConfig_CreateNewInstance();
-
-    ~Configuration() {
-        delete config;
-        zeltDestroyJSONManager(manager);
-    }
-    bool Import(const std::string& text) {
-        return manager->ImportFromJSONString(text.data(), Length(text)) == ZELT_SUCCESS;
-    }
-    bool Read() { return config->ReadFromJSONMgr(manager, manager->GetRootElement()) == 1; }
-    bool Load(const std::string& text) { return Import(text) && Read(); }
-    bool Write() { return config->WriteToJSONMgr(manager, nullptr, 1) == ZELT_SUCCESS; }
-};
 
 // json-c ---------------------------------------------------------------------
 
@@ -360,9 +322,21 @@ void ImportFile(benchmark::State& state) {
     Describe(state);
 }
 
+bool useWallClock = false;
+
 }  // namespace
 
 void UseWallClock(bool wallClock) { useWallClock = wallClock; }
+
+double Now() {
+    if (useWallClock) {
+        const auto sinceEpoch = std::chrono::steady_clock::now().time_since_epoch();
+        return std::chrono::duration<double>(sinceEpoch).count();
+    }
+    timespec now;
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
 
 const std::vector<Job>& ConfigurationJobs() {
     static const std::vector<Job> jobs = {

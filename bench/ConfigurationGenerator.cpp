@@ -67,13 +67,49 @@ std::string HeaderLine(Random& random) {
     return std::string(kNames[kind]) + "-" + number + ": " + kValues[kind] + random.Number(100000);
 }
 
-// A list of count entries: `[ "a", "b" ]`.
+// How one entry of a changed document differs from the generated one.
+enum class EntryChange { Kept, Changed, Removed, InsertedBefore };
+
+// Picks the change of each entry from a stream of its own, so that the
+// generated entries, drawn from the main stream, stay the same.
+class EntryChanges {
+public:
+    explicit EntryChanges(std::uint32_t seed) : random_(seed) {}
+    EntryChange Next() {
+        if (random_.Below(kEntriesPerChange) != 0) return EntryChange::Kept;
+        return static_cast<EntryChange>(1 + random_.Below(3));
+    }
+    Random& Stream() { return random_; }
+
+private:
+    static constexpr std::uint32_t kEntriesPerChange = 100;
+    Random random_;
+};
+
+// A list of count entries: `[ "a", "b" ]`, with changes when given.
 template <class Entry>
-std::string List(std::size_t count, Random& random, Entry entry) {
+std::string List(std::size_t count, Random& random, Entry entry, EntryChanges* changes) {
     std::string out = "[";
+    const auto append = [&out](const std::string& text) {
+        out += out.size() == 1 ? " " : ", ";
+        AppendString(text, out);
+    };
     for (std::size_t i = 0; i < count; ++i) {
-        out += i == 0 ? " " : ", ";
-        AppendString(entry(random), out);
+        const std::string generated = entry(random);
+        switch (changes == nullptr ? EntryChange::Kept : changes->Next()) {
+            case EntryChange::Kept:
+                append(generated);
+                break;
+            case EntryChange::Changed:
+                append(entry(changes->Stream()));
+                break;
+            case EntryChange::Removed:
+                break;
+            case EntryChange::InsertedBefore:
+                append(entry(changes->Stream()));
+                append(generated);
+                break;
+        }
     }
     return out + " ]";
 }
@@ -101,9 +137,7 @@ const char kMinimal[] =
     "\"ContentUploadChannel\": { \"MaxFileSizeForScan\": 10485760 }, \"ProfileName\": "
     "\"Default\", \"SchemaVersion\": \"1.0\", \"AdminPassword\": \"\" }";
 
-}  // namespace
-
-std::string GenerateConfiguration(std::size_t entriesPerList, std::uint32_t seed) {
+std::string Generate(std::size_t entriesPerList, std::uint32_t seed, EntryChanges* changes) {
     if (entriesPerList == 0) return kMinimal;
     Random random(seed);
     const std::size_t n = entriesPerList;
@@ -120,26 +154,37 @@ std::string GenerateConfiguration(std::size_t entriesPerList, std::uint32_t seed
         "\"mail.example.com:993;intranet.example.local:8443\" }, \"ContentUpload\": 1, "
         "\"FailOpen\": 1, \"LogUpload\": 1, \"URLLocalCache\": 0, \"SafeMode\": 0, "
         "\"StatsPeriod\": 900 }, \"AdvancedRule\": { \"EnforceList\": { \"IPList\": ";
-    text += List(n, random, Address);
+    text += List(n, random, Address, changes);
     text += ", \"ProcessNames\": \"chrome.exe;firefox.exe;msedge.exe\", \"DomainLists\": ";
     text += Quoted(DomainLists(random));
     text += " }, \"WhiteList\": { \"IPList\": ";
-    text += List(n, random, Address);
+    text += List(n, random, Address, changes);
     text += ", \"VPNDescList\": ";
-    text += List(n, random, VPNDescription);
+    text += List(n, random, VPNDescription, changes);
     text += ", \"DomainLists\": ";
     text += Quoted(DomainLists(random));
     text +=
         ", \"ProcessNames\": \"C:\\\\Program Files\\\\Agent\\\\agent.exe;backup.exe\" }, "
         "\"EnforceProxyServer\": 1, \"BypassPrivateIP\": 1, \"BypassLocalIP\": 0 }, "
         "\"ContentUploadChannel\": { \"ClientRequestHeaders\": ";
-    text += List(n, random, HeaderLine);
+    text += List(n, random, HeaderLine, changes);
     text +=
         ", \"MaxFileSizeForScan\": 52428800, \"FileTypesToBlock\": \"exe;dll;scr\", "
         "\"FileTypesToScan\": \"pdf;docx;xlsx;zip\" }, \"ProfileName\": \"Standard-Profil "
         "für Außendienst\", \"SchemaVersion\": \"2.1\", \"AdminPassword\": "
         "\"p@ss\\/w\\\\rd\\\"42\", \"EnableTrayiconMenu\": 1 }";
     return text;
+}
+
+}  // namespace
+
+std::string GenerateConfiguration(std::size_t entriesPerList, std::uint32_t seed) {
+    return Generate(entriesPerList, seed, nullptr);
+}
+
+std::string GenerateChangedConfiguration(std::size_t entriesPerList, std::uint32_t seed) {
+    EntryChanges changes(seed + 1);
+    return Generate(entriesPerList, seed, &changes);
 }
 
 }  // namespace zelt_bench

@@ -27,6 +27,12 @@ constexpr std::uint32_t kDefaultSeed = 20240607;
 
 std::string GenerateConfiguration(std::size_t entriesPerList, std::uint32_t seed = kDefaultSeed);
 
+// The document of GenerateConfiguration for the same arguments with about one
+// list entry in a hundred, at random places, changed, removed, or given a new
+// entry before it: in equal shares, so the lists keep about their length.
+std::string GenerateChangedConfiguration(std::size_t entriesPerList,
+                                         std::uint32_t seed = kDefaultSeed);
+
 }  // namespace zelt_bench
 
 #endif  // ZELT_BENCH_CONFIGURATIONGENERATOR_H

@@ -39,7 +39,7 @@ expect() {
     fi
 }
 
-expect 'zeltcfg ' 'check show get set unset add remove fmt patch merge new schema'
+expect 'zeltcfg ' 'check show get set unset add remove fmt diff patch merge new schema'
 expect 'zeltcfg s' 'show set schema'
 expect 'zeltcfg --v' '--version'
 expect 'zeltcfg check --s' '--strict'
@@ -68,6 +68,11 @@ expect 'zeltcfg add full.json /AdvancedRule/WhiteList/' \
 expect 'zeltcfg remove full.json Adv' 'AdvancedRule.'
 expect 'zeltcfg set full.json /ProfileName ' ''
 expect 'zeltcfg schema ' ''
+expect 'zeltcfg d' 'diff'
+expect 'zeltcfg diff --' '--json --help'
+expect 'zeltcfg diff f' 'full.json'
+expect 'zeltcfg diff --json full.json m' 'minimal.json'
+expect 'zeltcfg diff full.json minimal.json ' ''
 expect 'zeltcfg patch --' '--merge --dry-run --wait --help'
 expect 'zeltcfg patch --dry-run full.json m' 'minimal.json'
 expect 'zeltcfg patch --wait ' ''

@@ -31,6 +31,20 @@ struct Difference {
 // as it stands when that change applies, as a JSON Patch applies them.
 std::vector<Difference> DiffConfigurationValues(const TextValue& a, const TextValue& b);
 
+// One step of a list's edit script: the entry a[entry] removed, or b[entry]
+// inserted, at index in the list as it stands when the step applies.
+struct ListEdit {
+    bool insertion = false;
+    std::size_t index = 0;
+    std::size_t entry = 0;
+};
+
+// A shortest script of insertions and removals that turns the strings a into
+// b, front to back, removals before insertions at the same place. Takes
+// O((n + m) d) time for d steps and O(n + m) space.
+std::vector<ListEdit> ShortestEditScript(const std::vector<TextValue>& a,
+                                         const std::vector<TextValue>& b);
+
 // One line a difference: "PATH: OLD -> NEW", "PATH: added VALUE",
 // "PATH: removed (was VALUE)", "PATH: inserted VALUE", "PATH: removed VALUE".
 std::string FormatDifferences(const std::vector<Difference>& differences);

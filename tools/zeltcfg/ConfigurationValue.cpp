@@ -5,6 +5,7 @@
 #include "TextEncoding.h"
 
 #include <cstdlib>
+#include <utility>
 
 namespace zeltcfg {
 
@@ -188,10 +189,10 @@ std::string WriteJsonLine(const TextValue& value) {
     return out;
 }
 
-TextValue MakeString(const std::string& utf8) {
+TextValue MakeString(std::string utf8) {
     TextValue value;
     value.type = TextValue::Type::String;
-    value.token = utf8;
+    value.token = std::move(utf8);
     return value;
 }
 

@@ -36,7 +36,7 @@ bool SameValue(const TextValue& a, const TextValue& b);
 std::string WriteJsonLine(const TextValue& value);
 
 // Values for building trees in code.
-TextValue MakeString(const std::string& utf8);
+TextValue MakeString(std::string utf8);
 TextValue MakeNumber(DWORD number);
 TextValue MakeObject();
 TextValue MakeArray();

@@ -123,6 +123,9 @@ void DefineCommands(CLI::App& app, Arguments& arguments) {
     diff->add_option("SECOND", arguments.second, kFileHelp)->required();
     diff->add_flag("--json", arguments.json,
                    "print the differences as a JSON Patch that turns FIRST into SECOND");
+    diff->footer(
+        "Exit codes: 0 equal, 1 different, 2 invalid configuration or usage error, 3 input or "
+        "output error.");
 
     CLI::App* patch = AddFileCommand(
         app, "patch", "Apply a JSON Patch, or a JSON Merge Patch, to a configuration file",

@@ -133,6 +133,35 @@ zeltcfg_case(fmt_invalid SAMPLES broken.json minimal.json UNCHANGED broken.json
   STEPS fmt broken.json minimal.json)
 zeltcfg_case(fmt_standard_input STDIN minimal.json STEPS fmt -)
 
+# diff
+zeltcfg_case(diff_equal SAMPLES full.json full.json NAMED first.json second.json
+  STEPS diff first.json second.json
+  THEN diff --json first.json second.json)
+zeltcfg_case(diff_members SAMPLES full.json minimal.json UNCHANGED full.json
+  STEPS diff full.json minimal.json
+  THEN diff minimal.json full.json)
+zeltcfg_case(diff_json SAMPLES full.json minimal.json
+  STEPS diff --json full.json minimal.json
+  THEN diff --json minimal.json full.json)
+zeltcfg_case(diff_list_entries SAMPLES full.json diff-lists.json
+  STEPS diff full.json diff-lists.json
+  THEN diff --json full.json diff-lists.json
+  THEN diff diff-lists.json full.json)
+zeltcfg_case(diff_unicode_and_escaped_strings SAMPLES minimal.json diff-escaped.json
+  STEPS diff minimal.json diff-escaped.json
+  THEN diff --json diff-escaped.json minimal.json)
+zeltcfg_case(diff_standard_input STDIN minimal.json SAMPLES full.json minimal.json
+  STEPS diff - full.json
+  THEN diff minimal.json -)
+zeltcfg_case(diff_invalid_file SAMPLES full.json invalid-missing-sslfilter.json broken.json
+  STEPS diff full.json invalid-missing-sslfilter.json
+  THEN diff broken.json full.json
+  THEN diff broken.json invalid-missing-sslfilter.json)
+zeltcfg_case(diff_missing_file SAMPLES full.json
+  STEPS diff full.json missing.json
+  THEN diff missing.json full.json)
+zeltcfg_case(diff_both_standard_input STDIN minimal.json STEPS diff - -)
+
 # patch
 zeltcfg_case(patch_json_patch SAMPLES full.json patch-changes.json RESULT full.json
   STEPS patch full.json patch-changes.json
