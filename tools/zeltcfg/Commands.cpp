@@ -44,11 +44,11 @@ void AppendMember(const Member& member, int depth, std::string& out) {
             AppendMembers(member, depth + 1, out);
             return;
         case MemberKind::List: {
-            const std::vector<std::wstring> entries = member.entries();
+            const std::vector<const std::wstring*> entries = member.entries();
             out += entries.empty() ? " (empty)\n" : "\n";
             for (std::size_t i = 0; i < entries.size(); ++i)
                 out += Indent(depth + 1) + std::to_string(i) + ": " +
-                       QuoteText(ConvertWideToUtf8(entries[i])) + "\n";
+                       QuoteText(ConvertWideToUtf8(*entries[i])) + "\n";
             return;
         }
     }
@@ -187,13 +187,13 @@ int RunGet(const std::string& file, const std::string& path) {
     }
     std::string out;
     if (target.entry) {
-        out = ConvertWideToUtf8(member.entries()[*target.entry]) + "\n";
+        out = ConvertWideToUtf8(*member.entries()[*target.entry]) + "\n";
     } else if (member.kind == MemberKind::Integer) {
         out = std::to_string(member.integer()) + "\n";
     } else if (member.kind == MemberKind::Text) {
         out = ConvertWideToUtf8(member.text()) + "\n";
     } else if (member.kind == MemberKind::List) {
-        for (const std::wstring& entry : member.entries()) out += ConvertWideToUtf8(entry) + "\n";
+        for (const std::wstring* entry : member.entries()) out += ConvertWideToUtf8(*entry) + "\n";
     } else {
         AppendMembers(member, 0, out);
     }

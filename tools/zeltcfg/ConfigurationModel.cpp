@@ -124,9 +124,10 @@ Member OptionalList(const char* key, E* element, int (E::*get)(L**), void (E::*s
     Member member = OptionalChild(key, MemberKind::List, element, get, set, create);
     member.entries = [element, get] {
         L& list = PresentChild(element, get);
-        std::vector<std::wstring> entries;
+        std::vector<const std::wstring*> entries;
+        entries.reserve(list.GetItemCount());
         for (DWORD index = 0; index < list.GetItemCount(); ++index)
-            entries.push_back(*list.GetItem(index)->GetStringValue());
+            entries.push_back(list.GetItem(index)->GetStringValue());
         return entries;
     };
     member.setEntry = [element, get](DWORD index, const std::wstring& value) {

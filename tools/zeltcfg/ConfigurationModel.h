@@ -47,7 +47,8 @@ struct Member {
 
     // List: the entries while present, and changes to them. addEntry makes
     // the list present first.
-    std::function<std::vector<std::wstring>()> entries;
+    // The entries are the list's own texts, valid until the list changes.
+    std::function<std::vector<const std::wstring*>()> entries;
     std::function<int(DWORD index, const std::wstring& value)> setEntry;
     std::function<void(const std::wstring& value)> addEntry;
     std::function<void(DWORD index)> removeEntry;

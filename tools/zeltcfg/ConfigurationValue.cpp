@@ -138,10 +138,10 @@ TextValue CaptureConfiguration(const Member& configuration) {
             return MakeString(ConvertWideToUtf8(configuration.text()));
         case MemberKind::List: {
             value = MakeArray();
-            const std::vector<std::wstring> entries = configuration.entries();
+            const std::vector<const std::wstring*> entries = configuration.entries();
             value.items.reserve(entries.size());
-            for (const std::wstring& entry : entries)
-                value.items.push_back(MakeString(ConvertWideToUtf8(entry)));
+            for (const std::wstring* entry : entries)
+                value.items.push_back(MakeString(ConvertWideToUtf8(*entry)));
             return value;
         }
         case MemberKind::Object:

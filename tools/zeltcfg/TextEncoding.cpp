@@ -84,8 +84,13 @@ std::wstring WidePath(const std::string& path) {
 
 std::string ConvertWideToUtf8(const std::wstring& wide) {
     std::string out;
+    out.reserve(wide.size());
     for (std::size_t i = 0; i < wide.size(); ++i) {
         auto point = static_cast<char32_t>(wide[i]);
+        if (point < 0x80) {
+            out += static_cast<char>(point);
+            continue;
+        }
         if (kWideIsUtf16 && IsLeadSurrogate(point) && i + 1 < wide.size() &&
             IsTrailSurrogate(static_cast<char32_t>(wide[i + 1])))
             point =
