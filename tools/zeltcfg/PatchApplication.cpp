@@ -9,7 +9,12 @@ namespace zeltcfg {
 
 namespace {
 
-std::string Suffix(const std::string& outcome) { return outcome.empty() ? "" : "; " + outcome; }
+// What became of the file, after the message; a message that ends in a
+// question ("did you mean ...?") is not followed by a semicolon.
+std::string Suffix(const std::string& message, const std::string& outcome) {
+    if (outcome.empty()) return "";
+    return (!message.empty() && message.back() == '?' ? " " : "; ") + outcome;
+}
 
 }  // namespace
 
@@ -19,7 +24,7 @@ void ApplyOrFail(PatchApplier apply, TextValue& configuration, const JsonInput& 
         apply(configuration, patch.tree);
     } catch (const ChangeFailure& failure) {
         PrintError("%s: %s%s\n", patch.Place(failure.offset).c_str(), failure.what(),
-                   Suffix(outcome).c_str());
+                   Suffix(failure.what(), outcome).c_str());
         throw Failure(kExitInvalid, "");
     }
 }
@@ -30,7 +35,7 @@ void StoreOrFail(const TextValue& configuration, Document& document, const std::
         StoreConfiguration(configuration, BindConfiguration(*document.configuration));
     } catch (const Failure& failure) {
         PrintError("%s: the %s configuration is invalid: %s%s\n", document.name.c_str(),
-                   result.c_str(), failure.what(), Suffix(outcome).c_str());
+                   result.c_str(), failure.what(), Suffix(failure.what(), outcome).c_str());
         throw Failure(kExitInvalid, "");
     }
 }
