@@ -247,12 +247,7 @@ int RunUnset(const std::string& file, const std::string& path, double waitSecond
                           " is required and cannot be unset; change its value with \"zeltcfg "
                           "set\" instead");
     if (target.absent) return kExitSuccess;  // nothing to change, nothing written
-    if (member.kind == MemberKind::Integer)
-        member.setInteger(nullptr);
-    else if (member.kind == MemberKind::Text)
-        member.setText(nullptr);
-    else
-        member.makeAbsent();
+    MakeAbsent(member);
     SaveChangedDocument(document);
     return kExitSuccess;
 }

@@ -280,6 +280,15 @@ const char* DescribeKind(MemberKind kind) {
     return "";
 }
 
+void MakeAbsent(const Member& member) {
+    if (member.kind == MemberKind::Integer)
+        member.setInteger(nullptr);
+    else if (member.kind == MemberKind::Text)
+        member.setText(nullptr);
+    else
+        member.makeAbsent();
+}
+
 Member BindConfiguration(IVextorJSConfig& config) {
     Member member = Describe("", MemberKind::Object, true);
     member.members = [&config] { return RootMembers(config); };

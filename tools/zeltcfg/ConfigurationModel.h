@@ -54,6 +54,9 @@ struct Member {
     std::function<void(DWORD index)> removeEntry;
 };
 
+// Makes an optional member of any kind absent.
+void MakeAbsent(const Member& member);
+
 // The whole configuration as one required Object member with an empty key.
 Member BindConfiguration(VextorJSConfig::IVextorJSConfig& config);
 

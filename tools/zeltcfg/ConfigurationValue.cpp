@@ -41,12 +41,7 @@ void RequireAccepted(int result, const std::string& pointer) {
 void StoreMember(const TextValue* value, const Member& member, const std::string& pointer) {
     if (value == nullptr) {
         if (member.required) RefuseValue(pointer, "a required member is missing");
-        if (member.kind == MemberKind::Integer)
-            member.setInteger(nullptr);
-        else if (member.kind == MemberKind::Text)
-            member.setText(nullptr);
-        else
-            member.makeAbsent();
+        MakeAbsent(member);
         return;
     }
     switch (member.kind) {
