@@ -295,6 +295,18 @@ Member BindConfiguration(IVextorJSConfig& config) {
     return member;
 }
 
+const SchemaNode* FindSchemaMember(const SchemaNode& object, const std::string& key) {
+    for (const SchemaNode& member : object.members)
+        if (member.key == key) return &member;
+    return nullptr;
+}
+
+std::vector<std::string> SchemaKeys(const SchemaNode& object) {
+    std::vector<std::string> keys;
+    for (const SchemaNode& member : object.members) keys.push_back(member.key);
+    return keys;
+}
+
 const SchemaNode& ConfigurationSchema() {
     // Taken from a scratch tree in which every optional child is present.
     static const SchemaNode schema = [] {

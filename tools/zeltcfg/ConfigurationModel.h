@@ -69,6 +69,12 @@ struct SchemaNode {
 };
 const SchemaNode& ConfigurationSchema();
 
+// The member of an Object schema with this key; null when it has none.
+const SchemaNode* FindSchemaMember(const SchemaNode& object, const std::string& key);
+
+// The keys of an Object schema's members, in member order.
+std::vector<std::string> SchemaKeys(const SchemaNode& object);
+
 }  // namespace zeltcfg
 
 #endif  // ZELTCFG_CONFIGURATIONMODEL_H

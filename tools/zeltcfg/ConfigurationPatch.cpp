@@ -39,23 +39,9 @@ bool IsNull(const TextValue& value) {
     return value.type == TextValue::Type::Literal && value.token == "null";
 }
 
-// What a value is, in the words lint uses: "the number 1.5", "a string", "null".
-std::string DescribeFound(const TextValue& value) {
-    return value.type == TextValue::Type::Number ? "the number " + value.token
-                                                 : DescribeType(value);
-}
-
-const SchemaNode* FindSchemaMember(const SchemaNode& object, const std::string& key) {
-    for (const SchemaNode& member : object.members)
-        if (member.key == key) return &member;
-    return nullptr;
-}
-
 // What lint says of key in an object of this schema.
 std::string DescribeUnknownMemberOf(const SchemaNode& object, const std::string& key) {
-    std::vector<std::string> known;
-    for (const SchemaNode& member : object.members) known.push_back(member.key);
-    return DescribeUnknownMember(SuggestKey(key, known));
+    return DescribeUnknownMember(SuggestKey(key, SchemaKeys(object)));
 }
 
 std::size_t SchemaPosition(const SchemaNode& object, const std::string& key) {

@@ -226,6 +226,11 @@ const TextMember* FindMember(const TextValue& object, const std::string& key) {
     return nullptr;
 }
 
+std::string DescribeFound(const TextValue& value) {
+    return value.type == TextValue::Type::Number ? "the number " + value.token
+                                                 : DescribeType(value);
+}
+
 std::string DescribeType(const TextValue& value) {
     switch (value.type) {
         case TextValue::Type::Object:

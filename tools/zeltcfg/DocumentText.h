@@ -59,6 +59,9 @@ const TextMember* FindMember(const TextValue& object, const std::string& key);
 // "an object", "a string", ... for messages.
 std::string DescribeType(const TextValue& value);
 
+// As DescribeType, but a number with its digits: "the number 1.5".
+std::string DescribeFound(const TextValue& value);
+
 }  // namespace zeltcfg
 
 #endif  // ZELTCFG_DOCUMENTTEXT_H

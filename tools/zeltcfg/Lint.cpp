@@ -55,8 +55,7 @@ public:
 
     void Object(const TextValue& object, const SchemaNode& schema, const std::string& pointer) {
         std::map<std::string, std::size_t> seen;
-        std::vector<std::string> known;
-        for (const SchemaNode& member : schema.members) known.push_back(member.key);
+        const std::vector<std::string> known = SchemaKeys(schema);
         for (const TextMember& member : object.members) {
             const std::string memberPointer = AppendPointer(pointer, member.key);
             const auto first = seen.emplace(member.key, member.keyOffset);
@@ -67,10 +66,8 @@ public:
                            std::to_string(at.column) +
                            "); only the last one counts, remove the other");
             }
-            const auto child =
-                std::find_if(schema.members.begin(), schema.members.end(),
-                             [&member](const SchemaNode& node) { return node.key == member.key; });
-            if (child == schema.members.end()) {
+            const SchemaNode* child = FindSchemaMember(schema, member.key);
+            if (child == nullptr) {
                 const std::string suggestion = SuggestKey(member.key, known);
                 Report(member.keyOffset, memberPointer, DescribeUnknownMember(suggestion), true,
                        suggestion);
@@ -89,9 +86,7 @@ private:
     }
 
     void Value(const TextValue& value, const SchemaNode& schema, const std::string& pointer) {
-        const std::string found = value.type == TextValue::Type::Number
-                                      ? "the number " + value.token
-                                      : DescribeType(value);
+        const std::string found = DescribeFound(value);
         switch (schema.kind) {
             case MemberKind::Object:
                 if (value.type == TextValue::Type::Object)

@@ -59,9 +59,7 @@ const SchemaNode* CheckAgainstSchema(const std::vector<std::string>& keys,
         }
         if (node->kind != MemberKind::Object)
             refuse(where + " is " + DescribeKind(node->kind) + " and has no members");
-        const SchemaNode* next = nullptr;
-        for (const SchemaNode& member : node->members)
-            if (member.key == key) next = &member;
+        const SchemaNode* next = FindSchemaMember(*node, key);
         if (next == nullptr) refuse(DescribeUnknownKey(*node, pointer, key));
         node = next;
         pointer = AppendPointer(pointer, key);
@@ -79,9 +77,7 @@ Member FindBound(const Member& object, const std::string& key) {
 
 std::string DescribeUnknownKey(const SchemaNode& object, const std::string& pointer,
                                const std::string& key) {
-    std::vector<std::string> known;
-    for (const SchemaNode& member : object.members) known.push_back(member.key);
-    const std::string suggestion = SuggestKey(key, known);
+    const std::string suggestion = SuggestKey(key, SchemaKeys(object));
     return (pointer.empty() ? "the configuration" : pointer) + " has no member \"" + key + "\"; " +
            (suggestion.empty() ? "its members are " + JoinKeys(object.members)
                                : "did you mean \"" + suggestion + "\"?");

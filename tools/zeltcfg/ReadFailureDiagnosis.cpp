@@ -10,9 +10,7 @@ namespace {
 const SchemaNode* FindSchema(const std::vector<std::string>& keys) {
     const SchemaNode* node = &ConfigurationSchema();
     for (const std::string& key : keys) {
-        const SchemaNode* next = nullptr;
-        for (const SchemaNode& member : node->members)
-            if (member.key == key) next = &member;
+        const SchemaNode* next = FindSchemaMember(*node, key);
         if (next == nullptr) return nullptr;
         node = next;
     }
